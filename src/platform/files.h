@@ -1,0 +1,60 @@
+// The port to files. Paths are UTF-8 texts with "\" between the names, as the stored texts have them; "/" is taken too,
+// and names are found without regard to case. Nothing here knows an encoding: see text_files.h.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // The length in bytes; 0 for a file that is missing or can't be reached, and for a folder.
+  virtual std::int64_t length(const std::string& path) = 0;
+  // The whole content. File_failure when it can't be read.
+  virtual std::string read_bytes(const std::string& path) = 0;
+  // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
+  // file as it was and no temporary file behind.
+  virtual void write_whole(const std::string& path, std::string_view bytes) = 0;
+  // Adds at the end and flushes; makes the file when it is missing.
+  virtual void append(const std::string& path, std::string_view bytes) = 0;
+  // Copies with the care of write_whole. File_failure when the source can't be read or the target not written.
+  virtual void copy(const std::string& from, const std::string& to) = 0;
+  // False when it was not there or can't be removed.
+  virtual bool remove(const std::string& path) = 0;
+  // Makes one folder. False when it could not be made; true when it is there now.
+  virtual bool make_folder(const std::string& path) = 0;
+  virtual bool folder_exists(const std::string& path) = 0;
+  // The names (not paths) of a folder's files that fit "*", "*.ext" or "name.*" without regard to case, in the order
+  // of the folded names. A missing folder has none.
+  virtual std::vector<std::string> list(const std::string& folder, std::string_view pattern) = 0;
+  // Time of the last change, in milliseconds since 1970 UTC; 0 for a missing file.
+  virtual std::int64_t time_stamp(const std::string& path) = 0;
+  // The path as this machine writes it, with the case of what exists; for handing to other programs and pickers.
+  virtual std::string native_path(const std::string& path) = 0;
+};
+
+// The machine's own files.
+class Disk_files : public Files {
+ public:
+  std::int64_t length(const std::string& path) override;
+  std::string read_bytes(const std::string& path) override;
+  void write_whole(const std::string& path, std::string_view bytes) override;
+  void append(const std::string& path, std::string_view bytes) override;
+  void copy(const std::string& from, const std::string& to) override;
+  bool remove(const std::string& path) override;
+  bool make_folder(const std::string& path) override;
+  bool folder_exists(const std::string& path) override;
+  std::vector<std::string> list(const std::string& folder, std::string_view pattern) override;
+  std::int64_t time_stamp(const std::string& path) override;
+  std::string native_path(const std::string& path) override;
+};
+
+// `folder` + "\" + `name`, with one separator between them.
+std::string join_path(std::string_view folder, std::string_view name);
+
+}  // namespace platform
