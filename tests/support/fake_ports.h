@@ -1,0 +1,50 @@
+// Pictures and processes without a toolkit.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "platform/pictures.h"
+#include "platform/processes.h"
+
+namespace support {
+
+// A picture file is the text "PICTURE <width> <height> <grey>": every pixel is that grey of an 8-bit picture. Anything
+// else is unreadable, and a picture of more than a million pixels too large.
+class Fake_pictures : public platform::Pictures {
+ public:
+  platform::Decoded_picture decode(std::string_view bytes) override {
+    int width = 0, height = 0, grey = 0;
+    if (std::sscanf(std::string(bytes).c_str(), "PICTURE %d %d %d", &width, &height, &grey) != 3)
+      return {{}, platform::Picture_fault::unreadable};
+    if (width > 1'000'000 / (height > 0 ? height : 1)) return {{}, platform::Picture_fault::too_large};
+    platform::Picture picture = platform::make_picture(width, height, 8);
+    for (unsigned i = 0; i < 256; ++i) picture.palette.push_back(i * 0x010101u);
+    for (auto& pixel : picture.bits) pixel = static_cast<std::uint8_t>(grey);
+    return {picture, platform::Picture_fault::none};
+  }
+  std::string encode(const platform::Picture& picture, platform::Picture_format format, int quality) override {
+    return "ENCODED " + std::to_string(picture.width) + " " + std::to_string(picture.height) + " " +
+           std::to_string(static_cast<int>(format)) + " " + std::to_string(quality);
+  }
+  platform::Picture scale(const platform::Picture&, int width, int height) override {
+    return platform::make_picture(width, height, 32);
+  }
+  platform::Picture rotate_quarter(const platform::Picture& picture, int) override { return picture; }
+};
+
+class Recorded_processes : public platform::Processes {
+ public:
+  std::vector<std::string> started;
+  bool start(const std::string& executable, const std::vector<std::string>&, const std::string&) override {
+    started.push_back(executable);
+    return true;
+  }
+  bool open_with_program(const std::string& what) override {
+    started.push_back(what);
+    return true;
+  }
+};
+
+}  // namespace support
