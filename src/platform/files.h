@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_names.h"
+
 namespace platform {
 
 class Files {
@@ -15,7 +17,7 @@ class Files {
 
   // The length in bytes; 0 for a file that is missing or can't be reached, and for a folder.
   virtual std::int64_t length(const std::string& path) = 0;
-  // The whole content. File_failure when it can't be read.
+  // The whole content. File_failure when it can't be read or is larger than 2,000,000,000 bytes.
   virtual std::string read_bytes(const std::string& path) = 0;
   // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
   // file as it was and no temporary file behind.
@@ -52,9 +54,16 @@ class Disk_files : public Files {
   std::vector<std::string> list(const std::string& folder, std::string_view pattern) override;
   std::int64_t time_stamp(const std::string& path) override;
   std::string native_path(const std::string& path) override;
+
+ private:
+  Folder_listings listings_;
 };
 
 // `folder` + "\" + `name`, with one separator between them.
 std::string join_path(std::string_view folder, std::string_view name);
+
+// Whether a name from a foreign file is the bare name of a file in its own folder on any system: not empty, no
+// separator, no drive, no NUL, not "." or ".." with whatever blanks behind, and no device's name ("con", "lpt1.txt").
+bool stays_inside(std::string_view name);
 
 }  // namespace platform

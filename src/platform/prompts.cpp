@@ -8,7 +8,9 @@ Answer Prompts::ask(Kind kind, const std::string& japanese, const std::string& e
   return kind == Kind::yes_no ? Answer::no : Answer::cancel;
 }
 
-void Prompts::message(const Message& text) { ask(Kind::message, text.japanese, text.english); }
+void Prompts::message(const Message& text) {
+  ask(Kind::message, text.japanese, text.english);
+}
 
 void Prompts::message(const std::string& japanese, const std::string& english) {
   ask(Kind::message, japanese, english);

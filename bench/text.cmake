@@ -1,0 +1,1 @@
+terranote_bench(text LINKS terranote_platform)

@@ -1,0 +1,341 @@
+#include "platform/disk_io.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <system_error>
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#endif
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int most_links = 40;
+constexpr int most_temporary_names = 1000;
+
+[[noreturn]] void fail(std::errc error) {
+  throw std::system_error(std::make_error_code(error));
+}
+
+// Where the bytes really go: the end of a chain of symbolic links, which need not exist.
+fs::path end_of_links(fs::path path) {
+  for (int i = 0; i < most_links; ++i) {
+    std::error_code ignored;
+    if (!fs::is_symlink(path, ignored)) return path;
+    path = path.parent_path() / fs::read_symlink(path);
+  }
+  fail(std::errc::too_many_symbolic_link_levels);
+}
+
+// An ordinary file or nothing stands there; never a folder or a device, over which a rename would go without a word.
+void check_target(const fs::path& path) {
+  const fs::file_status status = fs::status(path);
+  if (fs::is_directory(status)) fail(std::errc::is_a_directory);
+  if (fs::exists(status) && !fs::is_regular_file(status)) fail(std::errc::operation_not_permitted);
+}
+
+void check_readable(const fs::path& path) {
+  const fs::file_status status = fs::status(path);
+  if (!fs::exists(status)) fail(std::errc::no_such_file_or_directory);
+  check_target(path);
+}
+
+// Collects what `read_piece(to, room)` gives until it gives nothing. The size told is a hint: a file may grow, and some
+// tell none.
+template <typename Read_piece>
+std::string read_by_pieces(std::int64_t size, Read_piece read_piece) {
+  if (size > largest_file_bytes) fail(std::errc::file_too_large);
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(size));
+  std::array<char, 65536> piece;
+  while (const std::size_t got = read_piece(piece.data(), piece.size())) {
+    if (static_cast<std::int64_t>(bytes.size() + got) > largest_file_bytes) fail(std::errc::file_too_large);
+    bytes.append(piece.data(), got);
+  }
+  return bytes;
+}
+
+#ifdef _WIN32
+
+[[noreturn]] void fail_last() {
+  throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+}
+
+unsigned long process_number() {
+  return GetCurrentProcessId();
+}
+
+// An open file, closed with its owner.
+struct Open_file {
+  HANDLE handle;
+  Open_file(const fs::path& path, DWORD access, DWORD disposition)
+      : handle(
+            CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+  ~Open_file() {
+    if (is_open()) CloseHandle(handle);
+  }
+  Open_file(const Open_file&) = delete;
+  Open_file& operator=(const Open_file&) = delete;
+  bool is_open() const { return handle != INVALID_HANDLE_VALUE; }
+};
+
+void write_all(const Open_file& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    DWORD written = 0;
+    const DWORD piece = static_cast<DWORD>(bytes.size() < 0x1000000 ? bytes.size() : 0x1000000);
+    if (!WriteFile(file.handle, bytes.data(), piece, &written, nullptr)) fail_last();
+    bytes.remove_prefix(written);
+  }
+  if (!FlushFileBuffers(file.handle)) fail_last();
+}
+
+// False when the name is taken.
+bool write_new(const fs::path& path, std::string_view bytes, const fs::path&) {
+  const Open_file file(path, GENERIC_WRITE, CREATE_NEW);
+  if (!file.is_open() && GetLastError() == ERROR_FILE_EXISTS) return false;
+  if (!file.is_open()) fail_last();
+  write_all(file, bytes);
+  return true;
+}
+
+void put_in_place(const fs::path& temporary, const fs::path& target) {
+  if (fs::exists(target) && ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, 0, nullptr, nullptr)) return;
+  if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) fail_last();
+}
+
+#else
+
+[[noreturn]] void fail_last() {
+  throw std::system_error(errno, std::generic_category());
+}
+
+long process_number() {
+  return static_cast<long>(getpid());
+}
+
+// An open file, closed with its owner.
+struct Open_file {
+  int handle;
+  Open_file(const fs::path& path, int flags, mode_t mode = 0666)
+      : handle(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode)) {}
+  ~Open_file() {
+    if (is_open()) close(handle);
+  }
+  Open_file(const Open_file&) = delete;
+  Open_file& operator=(const Open_file&) = delete;
+  bool is_open() const { return handle >= 0; }
+};
+
+void write_all(const Open_file& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file.handle, bytes.data(), bytes.size());
+    if (written < 0 && errno != EINTR) fail_last();
+    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  if (fsync(file.handle) != 0) fail_last();
+}
+
+// Gives a new file the permission bits (and, where that is allowed, the owner) of the one it will replace.
+void take_permissions(const Open_file& file, const fs::path& from) {
+  struct stat old {};
+  if (stat(from.c_str(), &old) != 0) return;
+  // A file of another owner is replaced all the same: the owner then is who saved it.
+  [[maybe_unused]] const int owner_kept = fchown(file.handle, old.st_uid, old.st_gid);
+  if (fchmod(file.handle, old.st_mode & 07777) != 0) fail_last();
+}
+
+// False when the name is taken.
+bool write_new(const fs::path& path, std::string_view bytes, const fs::path& target) {
+  const Open_file file(path, O_WRONLY | O_CREAT | O_EXCL);
+  if (!file.is_open() && errno == EEXIST) return false;
+  if (!file.is_open()) fail_last();
+  take_permissions(file, target);
+  write_all(file, bytes);
+  return true;
+}
+
+void put_in_place(const fs::path& temporary, const fs::path& target) {
+  if (access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0) fail_last();
+  if (rename(temporary.c_str(), target.c_str()) != 0) fail_last();
+  // The rename is done; that some file systems can't flush a folder changes nothing.
+  const Open_file folder(target.has_parent_path() ? target.parent_path() : fs::path("."), O_RDONLY | O_DIRECTORY);
+  if (folder.is_open()) fsync(folder.handle);
+}
+
+#endif
+
+// Removes the temporary file unless it has been put in its place.
+struct Temporary_file {
+  fs::path path;
+  bool in_place = false;
+  ~Temporary_file() {
+    std::error_code ignored;
+    if (!in_place) fs::remove(path, ignored);
+  }
+};
+
+fs::path temporary_name(const fs::path& target) {
+  static std::atomic<unsigned> count{0};
+  return target.parent_path() /
+         (".terranote-" + std::to_string(process_number()) + "-" + std::to_string(++count) + ".tmp");
+}
+
+}  // namespace
+
+void replace_file(const fs::path& path, std::string_view bytes) {
+  const fs::path target = end_of_links(path);
+  check_target(target);
+  for (int i = 0; i < most_temporary_names; ++i) {
+    const fs::path name = temporary_name(target);
+    std::error_code ignored;
+    if (fs::exists(name, ignored)) continue;
+    Temporary_file temporary{name};
+    if (!write_new(temporary.path, bytes, target)) continue;
+    put_in_place(temporary.path, target);
+    temporary.in_place = true;
+    return;
+  }
+  fail(std::errc::file_exists);
+}
+
+#ifdef _WIN32
+
+// What can't be converted becomes U+FFFD, in both directions.
+fs::path machine_path(std::string_view path) {
+  if (path.find('\0') != std::string_view::npos) return {};
+  const int size = static_cast<int>(path.size());
+  std::wstring wide(path.size(), L'\0');
+  wide.resize(static_cast<std::size_t>(
+      MultiByteToWideChar(CP_UTF8, 0, path.data(), size, wide.data(), static_cast<int>(wide.size()))));
+  std::replace(wide.begin(), wide.end(), L'/', L'\\');
+  return wide;
+}
+
+std::string path_text(const fs::path& path) {
+  const std::wstring& wide = path.native();
+  std::string text(wide.size() * 3, '\0');
+  text.resize(
+      static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
+                                                   static_cast<int>(text.size()), nullptr, nullptr)));
+  return text;
+}
+
+File_facts facts_of(const fs::path& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return {};
+  constexpr std::int64_t from_1601_to_1970 = 116444736000000000;  // in steps of 100 ns
+  const auto whole = [](DWORD high, DWORD low) { return static_cast<std::int64_t>(high) << 32 | low; };
+  File_facts facts;
+  facts.is_folder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  facts.is_file = !facts.is_folder;
+  facts.size = whole(data.nFileSizeHigh, data.nFileSizeLow);
+  facts.changed_ns =
+      (whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime) - from_1601_to_1970) * 100;
+  return facts;
+}
+
+std::string read_file(const fs::path& path) {
+  check_readable(path);
+  const Open_file file(path, GENERIC_READ, OPEN_EXISTING);
+  if (!file.is_open()) fail_last();
+  return read_by_pieces(facts_of(path).size, [&](char* to, std::size_t room) {
+    DWORD got = 0;
+    if (!ReadFile(file.handle, to, static_cast<DWORD>(room), &got, nullptr)) fail_last();
+    return static_cast<std::size_t>(got);
+  });
+}
+
+void append_file(const fs::path& path, std::string_view bytes) {
+  check_target(path);
+  const Open_file file(path, GENERIC_WRITE, OPEN_ALWAYS);
+  LARGE_INTEGER end{};
+  if (!file.is_open() || !SetFilePointerEx(file.handle, {}, &end, FILE_END)) fail_last();
+  try {
+    write_all(file, bytes);
+  } catch (...) {
+    SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN);
+    SetEndOfFile(file.handle);
+    throw;
+  }
+}
+
+#else
+
+fs::path machine_path(std::string_view path) {
+  if (path.find('\0') != std::string_view::npos) return {};
+  std::string text(path);
+  std::replace(text.begin(), text.end(), '\\', '/');
+  const std::size_t last = text.find_last_not_of('/');
+  if (last != std::string::npos) text.resize(last + 1);
+  return text;
+}
+
+std::string path_text(const fs::path& path) {
+  return path.string();
+}
+
+File_facts facts_of(const fs::path& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return {};
+  File_facts facts;
+  facts.is_file = S_ISREG(status.st_mode);
+  facts.is_folder = S_ISDIR(status.st_mode);
+  facts.size = status.st_size;
+#ifdef __APPLE__
+  const timespec& changed = status.st_mtimespec;
+#else
+  const timespec& changed = status.st_mtim;
+#endif
+  facts.changed_ns = static_cast<std::int64_t>(changed.tv_sec) * 1'000'000'000 + changed.tv_nsec;
+  return facts;
+}
+
+std::string read_file(const fs::path& path) {
+  check_readable(path);
+  const Open_file file(path, O_RDONLY);
+  if (!file.is_open()) fail_last();
+  return read_by_pieces(facts_of(path).size, [&](char* to, std::size_t room) {
+    ssize_t got = -1;
+    do got = read(file.handle, to, room);
+    while (got < 0 && errno == EINTR);
+    if (got < 0) fail_last();
+    return static_cast<std::size_t>(got);
+  });
+}
+
+void append_file(const fs::path& path, std::string_view bytes) {
+  check_target(path);
+  const Open_file file(path, O_WRONLY | O_CREAT | O_APPEND);
+  struct stat old {};
+  if (!file.is_open() || fstat(file.handle, &old) != 0) fail_last();
+  try {
+    write_all(file, bytes);
+  } catch (...) {
+    [[maybe_unused]] const int cut = ftruncate(file.handle, old.st_size);
+    throw;
+  }
+}
+
+#endif
+
+std::vector<std::string> names_in(const fs::path& folder) {
+  std::vector<std::string> names;
+  std::error_code fault;
+  fs::directory_iterator entry(folder, fault);
+  for (; !fault && entry != fs::directory_iterator(); entry.increment(fault))
+    names.push_back(path_text(entry->path().filename()));
+  return names;
+}
+
+}  // namespace platform

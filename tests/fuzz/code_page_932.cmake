@@ -1,0 +1,1 @@
+terranote_fuzz(code_page_932 LINKS terranote_platform)

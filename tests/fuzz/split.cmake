@@ -1,0 +1,1 @@
+terranote_fuzz(split LINKS terranote_drawing)

@@ -1,0 +1,1 @@
+terranote_fuzz(text_files LINKS terranote_platform)
