@@ -8,7 +8,9 @@
 namespace drawing {
 
 // levels[0] is the picture as its file had it; each further level has half the width and height of the one before
-// (rounded up), down to about 64 pixels. All levels together take at most 1.45 times the bytes of an 8-bit picture.
+// (rounded up), down to 64 pixels. After a picture of depth 1 the level of half size is left out, since in grey it
+// would take twice the picture's own bytes. Levels 1 and 2 of an indexed picture are indexed too, each with a palette
+// of its own; what is smaller has depth 32. All levels together take at most 1.45 times the bytes of an 8-bit picture.
 struct Sheet_picture {
   std::vector<platform::Picture> levels;
 
@@ -22,7 +24,7 @@ struct Sheet_picture {
 Sheet_picture make_sheet_picture(platform::Picture picture);
 
 // The level to paint from when the picture's full width is to take `target_width` device pixels: the smallest that is
-// not narrower than the target.
+// not narrower than the target; 0 where none is wide enough.
 int level_for(const Sheet_picture& picture, double target_width);
 
 }  // namespace drawing
