@@ -1,0 +1,1 @@
+terranote_fuzz(tky2jgd LINKS terranote_geodesy)
