@@ -1,0 +1,101 @@
+// All that is loaded, in one struct made of the subsystems' own, and the ports that a procedure may need. It lives as
+// long as the main window.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/interaction.h"
+#include "core/project_settings.h"
+#include "core/settings_files.h"
+#include "drawing/surface.h"
+#include "geodesy/datum.h"
+#include "maps/boundaries.h"
+#include "maps/canvas.h"
+#include "maps/catalogue.h"
+#include "maps/mosaic.h"
+#include "maps/zoom.h"
+#include "platform/files.h"
+#include "platform/pictures.h"
+#include "platform/processes.h"
+#include "platform/prompts.h"
+
+namespace session {
+
+struct Ports {
+  platform::Files& files;
+  platform::Pictures& pictures;
+  platform::Prompts& prompts;
+  platform::Processes& processes;
+};
+
+// The sheet list: a row's shown name (List1) and its file stem (List2). Rows count from 0; selected is -1 for none.
+struct Sheet_list {
+  std::vector<std::string> List1;
+  std::vector<std::string> List2;
+  int selected = -1;
+};
+
+// A line or rectangle that follows the mouse, drawn over the painted map. Twips.
+struct Rubber {
+  bool visible = false;
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+};
+
+// The section line's controls: where its ends stand on Picture1, in twips.
+struct Section_controls {
+  bool visible = false;
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+};
+
+// What the tab "View" and the canvas options say.
+struct View_options {
+  bool Check3 = true;  // sheet grid
+  double Text1 = 8;    // text size of labels
+};
+
+// A press that left no tool armed begins a drag; a press that a tool took doesn't.
+struct Drag {
+  bool prepared = false;
+  double x = 0, y = 0;  // twips
+};
+
+struct Session {
+  core::Settings settings;
+  core::Settings_boxes boxes;
+  core::Interaction flags;
+  maps::Canvas canvas;
+  maps::Catalogue catalogue;
+  maps::Mosaic mosaic;
+  maps::Boundaries boundaries;
+  maps::Scroll_bars bars;  // HScroll1, VScroll1
+  geodesy::Shift_table shifts;
+  Sheet_list sheets;
+  core::Section_line section;  // map metres of the current sheet
+  bool section_known = false;
+  drawing::Point section_first;  // map metres, while its second end is pending
+  Section_controls section_controls;
+  Rubber section_rubber, zoom_rubber, model_rubber;
+  View_options view;
+  Drag drag;
+  std::string current_sheet;               // stem of the sheet that is drawn; empty before the first
+  int start_guard = 1;                     // 1 at start, 2 after the first pass
+  bool cut_map_project = false;            // the project holds a cut map picture
+  std::vector<std::string> stratum_names;  // Combo6
+  std::string boring_out_folder, rockview_folder;
+
+  int option5() const { return boxes.Option5[1] ? maps::folder_50000 : maps::folder_25000; }
+  bool sheet_shown() const { return !current_sheet.empty(); }
+};
+
+// How much of the window must be drawn again after a procedure.
+enum class Redraw {
+  none,
+  overlay,  // what follows the mouse and the section controls
+  view,     // the offsets changed: the painted picture moves
+  all       // everything that lies on the map
+};
+
+}  // namespace session

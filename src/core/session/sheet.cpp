@@ -1,0 +1,81 @@
+#include "core/session/sheet.h"
+
+#include <algorithm>
+
+#include "core/session/tools.h"
+#include "maps/boundaries.h"
+#include "platform/failures.h"
+
+namespace session {
+
+namespace {
+
+// A table longer than the catalogue is used as far as it fits.
+void catalogue_r(Session& session, Ports& ports) {
+  core::Settings& settings = session.settings;
+  try {
+    maps::zumei_read(ports.files, session.catalogue, settings.program_path, session.option5(), settings.datum_mode,
+                     settings.language);
+  } catch (const platform::Subscript_failure&) {
+    const std::string rows = std::to_string(maps::catalogue_limit);
+    ports.prompts.message("図葉一覧表が大きすぎます。先頭の" + rows + "行だけを使います。",
+                          "The table of sheet names is too long. Its first " + rows + " rows are used.");
+  }
+  ports.prompts.use_language(settings.language);
+}
+
+Sheet_list listed(const Session& session, Ports& ports) {
+  Sheet_list sheets;
+  for (const std::string& file : ports.files.list(core::sheet_folder(session.settings, session.boxes), "*.bmp")) {
+    const maps::Sheet_name name = maps::chikeizu_name_get(session.catalogue, file, session.settings.language);
+    sheets.List1.push_back(name.display);
+    sheets.List2.push_back(name.stem);
+  }
+  return sheets;
+}
+
+// One sentence for all the pictures that could not be loaded.
+void tell_failures(const maps::Load_report& report, platform::Prompts& prompts) {
+  if (report.failures.empty()) return;
+  std::string japanese, english;
+  for (const maps::Picture_failure& failure : report.failures) {
+    if (!japanese.empty()) japanese += "\n", english += "\n";
+    japanese += maps::failure_text(failure, true);
+    english += maps::failure_text(failure, false);
+  }
+  prompts.message(japanese, english);
+}
+
+}  // namespace
+
+int row_of(const Sheet_list& sheets, const std::string& stem) {
+  const auto found = std::find(sheets.List2.begin(), sheets.List2.end(), stem);
+  return found == sheets.List2.end() ? -1 : static_cast<int>(found - sheets.List2.begin());
+}
+
+void sheet_list_r(Session& session, Ports& ports) {
+  catalogue_r(session, ports);
+  maps::gyousei_read(ports.files, session.settings.program_path, session.boundaries);
+  session.sheets = listed(session, ports);
+  session.sheets.selected = row_of(session.sheets, session.current_sheet);
+  // Without a sheet in the list the map is cleared.
+  if (session.sheets.List2.empty()) session.current_sheet.clear();
+}
+
+Redraw chizu_out(Session& session, Ports& ports, int row, const std::function<void(int, int)>& progress) {
+  Sheet_list& sheets = session.sheets;
+  if (row < 0 || row >= static_cast<int>(sheets.List2.size())) return Redraw::none;
+  const std::string stem = sheets.List2[static_cast<std::size_t>(row)];
+  const maps::Sheet_choice choice{stem, core::sheet_folder(session.settings, session.boxes), session.option5(),
+                                  session.view.Text1};
+  const maps::Load_report report =
+      maps::chizu_out(ports.files, ports.pictures, session.catalogue, choice, session.canvas, session.mosaic, progress);
+  sheets.selected = row;
+  session.current_sheet = stem;
+  session.bars = {};
+  measure_bars(session);
+  tell_failures(report, ports.prompts);
+  return Redraw::all;
+}
+
+}  // namespace session
