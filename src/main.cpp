@@ -1,2 +1,44 @@
 // Starts the toolkit, makes the ports, opens the main window.
-int main() { return 0; }
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include "core/session/session.h"
+#include "core/session/start_up.h"
+#include "platform/files.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_processes.h"
+#include "ui/fonts.h"
+#include "ui/frm_main.h"
+#include "ui/qt_prompts.h"
+#include "ui/toolkit_text.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Terranote");
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  ui::use_fonts_with_japanese();
+
+  platform::Disk_files files;
+  platform::Qt_pictures pictures;
+  platform::Qt_processes processes(files);
+  ui::Qt_prompts prompts;
+  session::Ports ports{files, pictures, prompts, processes};
+
+  session::Session session;
+  session::form_load(session, ports, ui::from_toolkit(QApplication::applicationDirPath()));
+
+  // The toolkit's own texts, such as the folder picker's, follow the language in force at the start.
+  QTranslator toolkit_texts;
+  if (session.settings.language == "Japanese" &&
+      toolkit_texts.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&toolkit_texts);
+
+  ui::Frm_main window(session, ports);
+  prompts.stand_over(&window);
+  window.start();
+  return QApplication::exec();
+}

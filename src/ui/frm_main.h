@@ -1,0 +1,141 @@
+// The main window: sheet list, canvas, three tabs of tool frames, menus, status bar. It owns widgets; what they do is
+// told by core/session. Its sources: frm_main.cpp builds the window, _menus the menu bar and the tool bar, _tabs the
+// tool frames, _sheets the sheet list and the start, _mouse the canvas, _language the captions.
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+#include <string>
+
+#include "core/session/mouse.h"
+#include "core/session/session.h"
+
+class QAbstractButton;
+class QAction;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QMenu;
+class QProgressBar;
+class QScrollBar;
+class QSortFilterProxyModel;
+class QStandardItemModel;
+class QTabWidget;
+class QTimer;
+class QToolButton;
+
+namespace ui {
+
+class Canvas_view;
+class Frame2_dialog;
+
+class Frm_main : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  Frm_main(session::Session& session, session::Ports& ports);
+  ~Frm_main() override;
+
+  // The first showing: both passes of the activation, so that the sheet list is there without a click.
+  void start();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  // frm_main.cpp
+  void build_window();
+  void build_status_bar();
+  void connect_all();
+  // Runs a procedure of the logic; a failure that ends it is told in one sentence, and the window goes on.
+  void guarded(const std::function<void()>& procedure);
+  void show(session::Redraw redraw);
+  void show_state();
+  bool japanese() const;
+  QString either(const char* japanese_text, const char* english_text) const;
+
+  // frm_main_menus.cpp
+  void build_menus();
+  void build_view_menu();
+  void build_tool_bar();
+  QAction* add_action(QMenu* menu, const char* name, bool ready);
+  QToolButton* add_tool(class QToolBar* bar, const char* name, int icon);
+
+  // frm_main_tabs.cpp
+  void build_tabs();
+  QWidget* build_Frame6();
+  QWidget* build_Frame4();
+  QWidget* build_Frame5();
+  void show_tab(int index);
+  void fill_lists();
+  void show_project();
+
+  // frm_main_sheets.cpp
+  QWidget* build_sheet_list();
+  void activate();
+  void show_sheet_list();
+  void open_row(int row);
+  void open_current_row();
+  void list_clicked();
+  void settings_saved();
+  void open_settings();
+  void open_picture_save();
+  QImage picture_to_save();
+  void open_sheet_index();
+
+  // frm_main_mouse.cpp
+  void connect_canvas();
+  void canvas_measured();
+  void map_pressed(int button, double x, double y);
+  void map_moved(double x, double y);
+  void map_released(int button, double x, double y);
+  void wheel_turned(int steps, double x, double y);
+  void zoom(bool in);
+  void zoom_reset();
+  void start_zoom_box();
+  void start_section_line();
+  void end_tool();
+  void move_by(double dx, double dy);
+  void bars_to_widgets();
+  void bar_moved();
+  void show_tool();
+  void paint_overlay(QPainter& painter);
+
+  // frm_main_language.cpp
+  void switch_language(const std::string& language);
+  void apply_design_captions();
+  void apply_captions();
+  void apply_own_texts();
+  void set_caption(const QString& object, const QString& text);
+
+  session::Session& session_;
+  session::Ports& ports_;
+  session::Map_tools tools_;
+
+  Canvas_view* canvas_ = nullptr;
+  QScrollBar* HScroll1_ = nullptr;
+  QScrollBar* VScroll1_ = nullptr;
+  QListView* List1_ = nullptr;
+  QListView* List2_ = nullptr;
+  QLineEdit* list_filter_ = nullptr;
+  QStandardItemModel* list_model_ = nullptr;
+  QSortFilterProxyModel* list_shown_ = nullptr;
+  QTimer* list_delay_ = nullptr;
+  QTabWidget* TabStrip1_ = nullptr;
+  QLabel* status_tool_ = nullptr;
+  QLabel* status_x_ = nullptr;
+  QLabel* status_y_ = nullptr;
+  QLabel* status_latitude_ = nullptr;
+  QLabel* status_longitude_ = nullptr;
+  QLabel* status_gps_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+  QLabel* shown_map_ = nullptr;
+  QLabel* shown_folder_ = nullptr;
+  class QListWidget* shown_files_ = nullptr;
+  Frame2_dialog* settings_ = nullptr;
+  bool filling_ = false;  // the program itself sets widgets now
+};
+
+}  // namespace ui

@@ -1,0 +1,126 @@
+#include <QAction>
+#include <QActionGroup>
+#include <QListView>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "core/session/start_up.h"
+#include "ui/frm_main.h"
+#include "ui/icons.h"
+
+namespace ui {
+
+// An entry of a menu; one whose work is not there yet stands disabled in its place.
+QAction* Frm_main::add_action(QMenu* menu, const char* name, bool ready) {
+  QAction* const action = menu->addAction(QString());
+  action->setObjectName(name);
+  action->setEnabled(ready);
+  return action;
+}
+
+void Frm_main::build_menus() {
+  QMenu* const file = menuBar()->addMenu(QString());
+  file->setObjectName("menu_file");
+  connect(add_action(file, "menu_settei", true), &QAction::triggered, this, &Frm_main::open_settings);
+  file->addSeparator();
+  add_action(file, "menu_web_henkann", false);
+  add_action(file, "menu_chikeizu_tuika", false);
+  add_action(file, "menu_ninni_tuika", false);
+  file->addSeparator();
+  QAction* const save = add_action(file, "menu_gazou_save", true);
+  save->setShortcut(QKeySequence::Save);
+  save->setProperty("needs_sheet", true);
+  connect(save, &QAction::triggered, this, &Frm_main::open_picture_save);
+  file->addSeparator();
+  auto* languages = new QActionGroup(this);
+  for (const char* name : {"menu_Japanese", "menu_English"}) {
+    QAction* const action = add_action(file, name, true);
+    action->setCheckable(true);
+    languages->addAction(action);
+    const std::string language = name + 5;
+    connect(action, &QAction::triggered, this, [this, language] { switch_language(language); });
+  }
+  file->addSeparator();
+  QAction* const end = add_action(file, "menu_end", true);
+  end->setShortcut(QKeySequence::Quit);
+  connect(end, &QAction::triggered, this, [this] { close(); });
+
+  QMenu* const tool = menuBar()->addMenu(QString());
+  tool->setObjectName("menu_tool");
+  for (const char* name : {"menu_dc_read", "menu_keiro", "GPS_MNEA", "menu_bor_touroku"}) add_action(tool, name, false);
+  tool->addSeparator();
+  for (const char* name : {"menu_bunkatu", "menu_PDAbunkatu", "menu_PDAkiridasi", "menu_PDA", "mnu_Trailbook"})
+    add_action(tool, name, false);
+
+  QMenu* const solid = menuBar()->addMenu(QString());
+  solid->setObjectName("menu_3D");
+  for (const char* name : {"menu_3D_make", "menu_souzyo"}) add_action(solid, name, false);
+  build_view_menu();
+}
+
+void Frm_main::build_view_menu() {
+  QMenu* const view = menuBar()->addMenu(QString());
+  view->setObjectName("menu_view");
+  const auto add = [&](const char* name, const QList<QKeySequence>& keys, auto procedure) {
+    QAction* const action = add_action(view, name, true);
+    action->setProperty("needs_sheet", true);
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, procedure);
+  };
+  add("view_zoom_in", {QKeySequence::ZoomIn, QKeySequence("Ctrl+=")}, [this] { zoom(true); });
+  add("view_zoom_out", {QKeySequence::ZoomOut}, [this] { zoom(false); });
+  add("view_zoom_reset", {QKeySequence("Ctrl+0")}, [this] { zoom_reset(); });
+  add("view_zoom_box", {QKeySequence("Ctrl+R")}, [this] { start_zoom_box(); });
+  add("view_section", {QKeySequence("Ctrl+L")}, [this] { start_section_line(); });
+  view->addSeparator();
+  // A fifth of the window at a press of an arrow key.
+  constexpr double fifth = 0.2;
+  add("view_left", {QKeySequence("Ctrl+Left")}, [this] { move_by(fifth, 0); });
+  add("view_right", {QKeySequence("Ctrl+Right")}, [this] { move_by(-fifth, 0); });
+  add("view_up", {QKeySequence("Ctrl+Up")}, [this] { move_by(0, fifth); });
+  add("view_down", {QKeySequence("Ctrl+Down")}, [this] { move_by(0, -fifth); });
+  view->addSeparator();
+  QAction* const list = add_action(view, "view_sheet_list", true);
+  list->setShortcut(QKeySequence("Ctrl+M"));
+  connect(list, &QAction::triggered, this, [this] { List1_->setFocus(); });
+  QAction* const index = add_action(view, "view_sheet_index", true);
+  index->setShortcut(QKeySequence("Ctrl+I"));
+  connect(index, &QAction::triggered, this, &Frm_main::open_sheet_index);
+  auto* escape = new QShortcut(Qt::Key_Escape, this);
+  connect(escape, &QShortcut::activated, this, &Frm_main::end_tool);
+}
+
+QToolButton* Frm_main::add_tool(QToolBar* bar, const char* name, int icon) {
+  auto* tool = new QToolButton;
+  tool->setObjectName(name);
+  tool->setIcon(make_icon(static_cast<Icon>(icon)));
+  tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  tool->setAutoRaise(true);
+  tool->setFocusPolicy(Qt::TabFocus);
+  bar->addWidget(tool);
+  return tool;
+}
+
+void Frm_main::build_tool_bar() {
+  QToolBar* const bar = addToolBar(QString());
+  bar->setObjectName("tools");
+  bar->setMovable(false);
+  bar->setIconSize({22, 22});
+  const auto add = [&](const char* name, Icon icon, auto procedure) {
+    connect(add_tool(bar, name, static_cast<int>(icon)), &QToolButton::clicked, this, procedure);
+  };
+  add("Command16", Icon::zoom_in, [this] { zoom(true); });
+  add("Command17", Icon::zoom_out, [this] { zoom(false); });
+  add("Command18", Icon::zoom_reset, [this] { zoom_reset(); });
+  bar->addSeparator();
+  add("Command19", Icon::zoom_box, [this] { start_zoom_box(); });
+  add("Command25", Icon::section, [this] { start_section_line(); });
+  bar->addSeparator();
+  add("Main_act_0", Icon::save_range, [this] { open_picture_save(); });
+  findChild<QToolButton*>("Command19")->setCheckable(true);
+  findChild<QToolButton*>("Command25")->setCheckable(true);
+}
+
+}  // namespace ui

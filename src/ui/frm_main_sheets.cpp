@@ -1,0 +1,221 @@
+#include <QAction>
+#include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <QTimer>
+
+#include "core/session/redraw.h"
+#include "core/session/sheet.h"
+#include "core/session/start_up.h"
+#include "ui/canvas_view.h"
+#include "ui/frame10.h"
+#include "ui/frame2.h"
+#include "ui/frm_chikeizu_sentaku.h"
+#include "ui/frm_main.h"
+#include "ui/overlay.h"
+#include "ui/toolkit_text.h"
+
+namespace ui {
+
+namespace {
+
+// A row reached with the keyboard opens after the keys have rested.
+constexpr int rest_of_keys = 250;  // milliseconds
+
+QListView* make_column(const char* name, QAbstractItemModel* model, int column) {
+  auto* view = new QListView;
+  view->setObjectName(name);
+  view->setModel(model);
+  view->setModelColumn(column);
+  view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view->setSelectionBehavior(QAbstractItemView::SelectRows);
+  view->setUniformItemSizes(true);
+  view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  view->setTextElideMode(Qt::ElideRight);
+  return view;
+}
+
+}  // namespace
+
+QWidget* Frm_main::build_sheet_list() {
+  auto* panel = new QWidget;
+  panel->setMinimumWidth(190);
+  auto* grid = new QGridLayout(panel);
+  grid->setContentsMargins(4, 4, 0, 4);
+  grid->setSpacing(4);
+  auto* title = new QLabel;
+  title->setObjectName("Label4");
+  grid->addWidget(title, 0, 0, 1, 2);
+  list_filter_ = new QLineEdit;
+  list_filter_->setObjectName("list_filter");
+  list_filter_->setClearButtonEnabled(true);
+  grid->addWidget(list_filter_, 1, 0, 1, 2);
+
+  list_model_ = new QStandardItemModel(0, 2, this);
+  list_shown_ = new QSortFilterProxyModel(this);
+  list_shown_->setSourceModel(list_model_);
+  list_shown_->setFilterKeyColumn(-1);
+  list_shown_->setFilterCaseSensitivity(Qt::CaseInsensitive);
+  // One row of the list: its name on the left, its stem on the right, chosen together.
+  List1_ = make_column("List1", list_shown_, 0);
+  List2_ = make_column("List2", list_shown_, 1);
+  List2_->setSelectionModel(List1_->selectionModel());
+  List1_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  title->setBuddy(List1_);
+  grid->addWidget(List1_, 2, 0);
+  grid->addWidget(List2_, 2, 1);
+  grid->setColumnStretch(0, 3);
+  grid->setColumnStretch(1, 2);
+  list_delay_ = new QTimer(this);
+  list_delay_->setSingleShot(true);
+  list_delay_->setInterval(rest_of_keys);
+
+  connect(List1_->verticalScrollBar(), &QScrollBar::valueChanged, List2_->verticalScrollBar(), &QScrollBar::setValue);
+  connect(List2_->verticalScrollBar(), &QScrollBar::valueChanged, List1_->verticalScrollBar(), &QScrollBar::setValue);
+  for (QListView* list : {List1_, List2_}) {
+    connect(list, &QListView::clicked, this, &Frm_main::list_clicked);
+    connect(list, &QListView::activated, this, &Frm_main::list_clicked);
+  }
+  connect(List1_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    if (!filling_) list_delay_->start();
+  });
+  connect(list_delay_, &QTimer::timeout, this, &Frm_main::open_current_row);
+  connect(list_filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    filling_ = true;
+    list_shown_->setFilterFixedString(text);
+    filling_ = false;
+  });
+  return panel;
+}
+
+void Frm_main::start() {
+  QMainWindow::show();
+  activate();
+  activate();
+  List1_->setFocus();
+}
+
+void Frm_main::activate() {
+  if (settings_ && settings_->isVisible()) return;
+  guarded([this] {
+    const session::Activated outcome = session::form_activate(session_, ports_, {false, false});
+    if (outcome == session::Activated::nothing) return;
+    apply_captions();
+    fill_lists();
+    show_sheet_list();
+    show(session::Redraw::all);
+    if (outcome == session::Activated::settings_asked) open_settings();
+  });
+}
+
+void Frm_main::show_sheet_list() {
+  filling_ = true;
+  list_model_->setRowCount(0);
+  const session::Sheet_list& sheets = session_.sheets;
+  list_model_->setRowCount(static_cast<int>(sheets.List1.size()));
+  for (int row = 0; row < list_model_->rowCount(); ++row) {
+    const auto at = static_cast<std::size_t>(row);
+    for (int column = 0; column < 2; ++column) {
+      const QString text = to_toolkit(column == 0 ? sheets.List1[at] : sheets.List2[at]);
+      auto* item = new QStandardItem(text);
+      item->setToolTip(text);
+      list_model_->setItem(row, column, item);
+    }
+  }
+  if (sheets.selected >= 0) {
+    const QModelIndex index = list_shown_->mapFromSource(list_model_->index(sheets.selected, 0));
+    List1_->setCurrentIndex(index);
+    List1_->scrollTo(index);
+  }
+  filling_ = false;
+}
+
+void Frm_main::list_clicked() {
+  list_delay_->stop();
+  open_current_row();
+}
+
+void Frm_main::open_current_row() {
+  const QModelIndex index = list_shown_->mapToSource(List1_->currentIndex());
+  if (index.isValid()) open_row(index.row());
+}
+
+void Frm_main::open_row(int row) {
+  list_delay_->stop();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  progress_->setVisible(true);
+  guarded([&] {
+    const session::Redraw redraw = session::chizu_out(session_, ports_, row, [this](int tile, int tiles) {
+      progress_->setRange(0, tiles);
+      progress_->setValue(tile);
+      progress_->repaint();
+    });
+    canvas_measured();
+    show(redraw);
+  });
+  progress_->setVisible(false);
+  QApplication::restoreOverrideCursor();
+}
+
+void Frm_main::open_settings() {
+  if (!settings_) {
+    settings_ = new Frame2_dialog(session_.settings, session_.boxes, ports_.files, ports_.prompts, this);
+    settings_->saved = [this] { settings_saved(); };
+    settings_->closed = [this] { activate(); };
+  }
+  core::menu_settei(session_.settings, session_.boxes, ports_.files);
+  settings_->boxes_out();
+  settings_->show();
+  settings_->raise();
+  settings_->activateWindow();
+}
+
+// The catalogue follows the datum and the folder, and so does the sheet that is drawn.
+void Frm_main::settings_saved() {
+  guarded([this] {
+    session::sheet_list_r(session_, ports_);
+    show_sheet_list();
+    show(session::Redraw::all);
+    if (session_.sheet_shown() && session_.sheets.selected >= 0) open_row(session_.sheets.selected);
+  });
+}
+
+void Frm_main::open_picture_save() {
+  if (!session_.sheet_shown()) return;
+  Frame10_dialog dialog(
+      ports_, session_.settings, [this] { return picture_to_save(); }, this);
+  dialog.exec();
+}
+
+// The canvas as a person sees it, but for what follows the mouse.
+QImage Frm_main::picture_to_save() {
+  QImage image = canvas_->map_image();
+  image.setDevicePixelRatio(canvas_->devicePixelRatioF());
+  QPainter painter(&image);
+  paint_fixed_controls(painter, canvas_->rect(), session_);
+  painter.end();
+  image.setDevicePixelRatio(1);
+  return image;
+}
+
+void Frm_main::open_sheet_index() {
+  Frm_chikeizu_sentaku dialog(session_, ports_, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const int row = session::row_of(session_.sheets, dialog.chosen_stem());
+  if (row < 0) return;
+  list_filter_->clear();
+  filling_ = true;
+  List1_->setCurrentIndex(list_shown_->mapFromSource(list_model_->index(row, 0)));
+  filling_ = false;
+  open_row(row);
+}
+
+}  // namespace ui

@@ -1,0 +1,191 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "core/choice_lists.h"
+#include "ui/canvas_view.h"
+#include "ui/frm_main.h"
+#include "ui/toolkit_text.h"
+#include "ui/wrap_button.h"
+
+namespace ui {
+
+namespace {
+
+// A tool frame that scrolls up and down on a low screen and is never narrower than its texts.
+class Frame_area : public QScrollArea {
+ public:
+  QSize minimumSizeHint() const override {
+    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 120};
+  }
+};
+
+QWidget* scrolling(QWidget* frame) {
+  auto* area = new Frame_area;
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setWidget(frame);
+  return area;
+}
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* name, bool ready) {
+  widget->setObjectName(name);
+  widget->setEnabled(ready);
+  return widget;
+}
+
+// A row "label: box" of a form; the label gets its text with the language.
+template <typename Widget>
+Widget* form_row(QFormLayout* form, const char* label_name, Widget* box, const char* name) {
+  auto* label = named(new QLabel, label_name, true);
+  named(box, name, false);
+  label->setBuddy(box);
+  form->addRow(label, box);
+  return box;
+}
+
+void fill(QComboBox* box, core::Choices choices, const char* chosen = nullptr) {
+  box->clear();
+  for (const char* choice : choices) box->addItem(QString::fromUtf8(choice));
+  if (!chosen) return;
+  // A default that the list writes otherwise ("1.0" for "1") needs a box that takes any text.
+  box->setEditable(box->findText(chosen) < 0);
+  box->setCurrentText(QString::fromUtf8(chosen));
+}
+
+}  // namespace
+
+void Frm_main::build_tabs() {
+  TabStrip1_ = new QTabWidget;
+  TabStrip1_->setObjectName("TabStrip1");
+  // These three captions are the same in both languages.
+  TabStrip1_->addTab(scrolling(build_Frame6()), "Position");
+  TabStrip1_->addTab(scrolling(build_Frame4()), "File");
+  TabStrip1_->addTab(scrolling(build_Frame5()), "View");
+  TabStrip1_->setCurrentIndex(2);
+}
+
+// The entry of an observation: its boxes stand in their places until the registry can take them.
+QWidget* Frm_main::build_Frame6() {
+  auto* frame = named(new QWidget, "Frame6", true);
+  auto* column = new QVBoxLayout(frame);
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  form_row(form, "Label19_0", new QLineEdit, "Text14_0");
+  form_row(form, "Label19_1", new QLineEdit, "Text14_1");
+  form_row(form, "Label19_2", new QLineEdit, "Text14_2");
+  form_row(form, "Label19_3", new QComboBox, "Combo7");
+  form_row(form, "Label19_4", new QComboBox, "Combo6");
+  form_row(form, "Label19_6", new QLineEdit, "Text14_5");
+  form_row(form, "Label19_7", new QLineEdit, "Text14_6");
+  form_row(form, "Label19_5", new QLineEdit, "Text14_3");
+  form_row(form, "Label19_8", new QLineEdit, "Text14_4");
+  form_row(form, "Label60", new QLineEdit, "Text14_7");
+  form_row(form, "Label29", new QLineEdit, "Text13");
+  form_row(form, "label_mark", new QComboBox, "Combo1");
+  form_row(form, "label_size", new QComboBox, "Combo3");
+  column->addLayout(form);
+  column->addWidget(named(new QCheckBox, "Check9", false));
+  column->addWidget(named(new Wrap_button, "Command8", false));
+  auto* lines = new QHBoxLayout;
+  lines->addWidget(named(new Wrap_button, "Command6", false));
+  lines->addWidget(named(new Wrap_button, "Command31", false));
+  column->addLayout(lines);
+  column->addStretch();
+  auto* ends = new QHBoxLayout;
+  ends->addWidget(named(new Wrap_button, "Command9", false));
+  ends->addWidget(named(new Wrap_button, "Command22", false));
+  column->addLayout(ends);
+  return frame;
+}
+
+// The registered files of the sheet that is drawn.
+QWidget* Frm_main::build_Frame4() {
+  auto* frame = named(new QWidget, "Frame4", true);
+  auto* column = new QVBoxLayout(frame);
+  column->addWidget(named(new QLabel, "Label1_0", true));
+  shown_map_ = named(new QLabel, "shown_map", true);
+  shown_map_->setWordWrap(true);
+  shown_map_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  column->addWidget(shown_map_);
+  column->addWidget(named(new QLabel, "Label1_1", true));
+  shown_folder_ = named(new QLabel, "shown_folder", true);
+  shown_folder_->setWordWrap(true);
+  shown_folder_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  column->addWidget(shown_folder_);
+  column->addWidget(named(new QLabel, "label_files", true));
+  shown_files_ = named(new QListWidget, "shown_files", true);
+  shown_files_->setMaximumHeight(140);
+  column->addWidget(shown_files_);
+  column->addWidget(named(new Wrap_button, "Main_act_7", false));
+  column->addWidget(named(new Wrap_button, "Main_act_8", false));
+  column->addStretch();
+  return frame;
+}
+
+QWidget* Frm_main::build_Frame5() {
+  auto* frame = named(new QWidget, "Frame5", true);
+  auto* column = new QVBoxLayout(frame);
+  auto* grid = named(new QCheckBox, "Check3", true);
+  grid->setChecked(session_.view.Check3);
+  connect(grid, &QCheckBox::toggled, this, [this](bool ticked) {
+    session_.view.Check3 = ticked;
+    show(session::Redraw::all);
+  });
+  column->addWidget(grid);
+  for (const char* name : {"Check5", "Check2", "Check6", "Check8"})
+    column->addWidget(named(new QCheckBox, name, false));
+  auto* size = new QFormLayout;
+  form_row(size, "label_text_size", new QComboBox, "Text1");
+  form_row(size, "label_interval", new QComboBox, "Combo8");
+  column->addLayout(size);
+  column->addWidget(named(new Wrap_button, "Command5", false));
+  column->addWidget(named(new Wrap_button, "Command38", false));
+  column->addStretch();
+  return frame;
+}
+
+// Save and Close belong to the entry tab alone.
+void Frm_main::show_tab(int index) {
+  for (const char* name : {"Command9", "Command22"})
+    if (auto* button = findChild<QWidget*>(name)) button->setVisible(index == 0);
+}
+
+void Frm_main::fill_lists() {
+  const std::string& language = session_.settings.language;
+  fill(findChild<QComboBox*>("Combo7"), core::target_kinds(language));
+  fill(findChild<QComboBox*>("Combo1"), core::mark_shapes(language));
+  fill(findChild<QComboBox*>("Combo3"), core::mark_sizes(), core::mark_size_default);
+  fill(findChild<QComboBox*>("Combo8"), core::intervals(), core::interval_default);
+  auto* strata = findChild<QComboBox*>("Combo6");
+  strata->clear();
+  for (const std::string& name : session_.stratum_names) strata->addItem(to_toolkit(name));
+  auto* size = findChild<QComboBox*>("Text1");
+  size->clear();
+  for (const char* text : {"6", "8", "10", "12", "14"}) size->addItem(text);
+  size->setCurrentText("8");
+}
+
+void Frm_main::show_project() {
+  const session::Sheet_list& sheets = session_.sheets;
+  const bool chosen = session_.sheet_shown() && sheets.selected >= 0;
+  shown_map_->setText(chosen ? to_toolkit(sheets.List1[static_cast<std::size_t>(sheets.selected)]) : QString("-"));
+  shown_folder_->setText(to_toolkit(session_.settings.project_path));
+  shown_files_->clear();
+  for (const core::File_choice& file : session_.boxes.File11)
+    if (file.selected) shown_files_->addItem(to_toolkit(file.name));
+}
+
+}  // namespace ui
