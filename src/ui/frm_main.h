@@ -135,6 +135,7 @@ class Frm_main : public QMainWindow {
   QLabel* shown_folder_ = nullptr;
   class QListWidget* shown_files_ = nullptr;
   Frame2_dialog* settings_ = nullptr;
+  bool settings_left_ = false;  // the basic settings were closed in this run
   bool filling_ = false;  // the program itself sets widgets now
 };
 

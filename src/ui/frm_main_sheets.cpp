@@ -14,6 +14,7 @@
 #include "core/session/redraw.h"
 #include "core/session/sheet.h"
 #include "core/session/start_up.h"
+#include "core/settei.h"
 #include "ui/canvas_view.h"
 #include "ui/frame10.h"
 #include "ui/frame2.h"
@@ -105,6 +106,8 @@ void Frm_main::start() {
 
 void Frm_main::activate() {
   if (settings_ && settings_->isVisible()) return;
+  // Who has closed the basic settings without saving any is not asked again at once.
+  if (settings_left_ && ports_.files.length(core::settei_path(session_.settings)) == 0) return;
   guarded([this] {
     const session::Activated outcome = session::form_activate(session_, ports_, {false, false});
     if (outcome == session::Activated::nothing) return;
@@ -169,7 +172,10 @@ void Frm_main::open_settings() {
   if (!settings_) {
     settings_ = new Frame2_dialog(session_.settings, session_.boxes, ports_.files, ports_.prompts, this);
     settings_->saved = [this] { settings_saved(); };
-    settings_->closed = [this] { activate(); };
+    settings_->closed = [this] {
+      settings_left_ = true;
+      activate();
+    };
   }
   core::menu_settei(session_.settings, session_.boxes, ports_.files);
   settings_->boxes_out();

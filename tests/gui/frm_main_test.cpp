@@ -286,6 +286,19 @@ TEST_F(Frm_main, WithoutSettingsTheBasicSettingsComeUpAfterTheMessage) {
   EXPECT_TRUE(find<QWidget>("Frame2")->isVisible());
 }
 
+TEST_F(Frm_main, WhoClosesTheSettingsWithoutSavingIsNotAskedAgainAtOnce) {
+  files.make_folder(program());
+  session::form_load(session, ports, program());
+  window = std::make_unique<ui::Frm_main>(session, ports);
+  window->start();
+  find<QWidget>("Frame2")->close();
+  QTest::qWait(20);
+  EXPECT_FALSE(find<QWidget>("Frame2")->isVisible());
+  EXPECT_EQ(prompts.shown.size(), 1u);
+  find<QAction>("menu_settei")->trigger();
+  EXPECT_TRUE(find<QWidget>("Frame2")->isVisible());
+}
+
 TEST_F(Frm_main, ClosingTheWindowWithUnsavedEntriesAsksNothing) {
   open("English");
   session.flags.data_dirty = 1;
