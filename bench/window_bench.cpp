@@ -15,6 +15,7 @@
 #include "core/session/start_up.h"
 #include "geodesy/mesh_code.h"
 #include "platform/files.h"
+#include "platform/memory.h"
 #include "platform/prompts.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
@@ -185,6 +186,7 @@ BENCHMARK(full_repaint)->Unit(benchmark::kMillisecond)->Arg(0)->Arg(4)->Arg(8)->
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  platform::give_back_large_blocks();
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

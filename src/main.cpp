@@ -1,14 +1,13 @@
 // Starts the toolkit, makes the ports, opens the main window.
 #include <QApplication>
-#include <QFontDatabase>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QStyleFactory>
 #include <QTranslator>
 
 #include "core/session/session.h"
 #include "core/session/start_up.h"
 #include "platform/files.h"
+#include "platform/memory.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
 #include "ui/fonts.h"
@@ -17,6 +16,7 @@
 #include "ui/toolkit_text.h"
 
 int main(int argc, char** argv) {
+  platform::give_back_large_blocks();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Terranote");
   QApplication::setStyle(QStyleFactory::create("Fusion"));

@@ -20,7 +20,6 @@ class QMenu;
 class QProgressBar;
 class QScrollBar;
 class QSortFilterProxyModel;
-class QStandardItemModel;
 class QTabWidget;
 class QTimer;
 class QToolButton;
@@ -29,6 +28,7 @@ namespace ui {
 
 class Canvas_view;
 class Frame2_dialog;
+class Sheet_model;
 
 class Frm_main : public QMainWindow {
   Q_OBJECT
@@ -120,7 +120,7 @@ class Frm_main : public QMainWindow {
   QListView* List1_ = nullptr;
   QListView* List2_ = nullptr;
   QLineEdit* list_filter_ = nullptr;
-  QStandardItemModel* list_model_ = nullptr;
+  Sheet_model* list_model_ = nullptr;
   QSortFilterProxyModel* list_shown_ = nullptr;
   QTimer* list_delay_ = nullptr;
   QTabWidget* TabStrip1_ = nullptr;

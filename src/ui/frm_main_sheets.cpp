@@ -8,7 +8,6 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
-#include <QStandardItemModel>
 #include <QTimer>
 
 #include "core/session/redraw.h"
@@ -21,6 +20,7 @@
 #include "ui/frm_chikeizu_sentaku.h"
 #include "ui/frm_main.h"
 #include "ui/overlay.h"
+#include "ui/sheet_model.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -60,7 +60,7 @@ QWidget* Frm_main::build_sheet_list() {
   list_filter_->setClearButtonEnabled(true);
   grid->addWidget(list_filter_, 1, 0, 1, 2);
 
-  list_model_ = new QStandardItemModel(0, 2, this);
+  list_model_ = new Sheet_model(session_.sheets, this);
   list_shown_ = new QSortFilterProxyModel(this);
   list_shown_->setSourceModel(list_model_);
   list_shown_->setFilterKeyColumn(-1);
@@ -120,19 +120,9 @@ void Frm_main::activate() {
 }
 
 void Frm_main::show_sheet_list() {
-  filling_ = true;
-  list_model_->setRowCount(0);
   const session::Sheet_list& sheets = session_.sheets;
-  list_model_->setRowCount(static_cast<int>(sheets.List1.size()));
-  for (int row = 0; row < list_model_->rowCount(); ++row) {
-    const auto at = static_cast<std::size_t>(row);
-    for (int column = 0; column < 2; ++column) {
-      const QString text = to_toolkit(column == 0 ? sheets.List1[at] : sheets.List2[at]);
-      auto* item = new QStandardItem(text);
-      item->setToolTip(text);
-      list_model_->setItem(row, column, item);
-    }
-  }
+  filling_ = true;
+  list_model_->list_changed();
   if (sheets.selected >= 0) {
     const QModelIndex index = list_shown_->mapFromSource(list_model_->index(sheets.selected, 0));
     List1_->setCurrentIndex(index);

@@ -1,0 +1,10 @@
+// How the process gives memory back.
+#pragma once
+
+namespace platform {
+
+// Large blocks (pictures, whole files) go back to the system as soon as they are freed. Called once at the start; does
+// nothing where the system does so by itself.
+void give_back_large_blocks();
+
+}  // namespace platform
