@@ -11,6 +11,7 @@
 #include "geodesy/mesh_code.h"
 #include "maps/corner_text.h"
 #include "maps/frame_file.h"
+#include "platform/memory.h"
 
 namespace maps {
 namespace {
@@ -155,6 +156,8 @@ void load_tiles(platform::Files& files, platform::Pictures& pictures, const std:
                                       }));
   }
   while (!running.empty()) finish_first();
+  // The files' bytes and the decoder's own copies are free by now: as much as several sheets.
+  if (!loads.empty()) platform::give_back_memory();
 }
 
 }  // namespace
