@@ -1,6 +1,7 @@
 // What the tests of this floor share: a program folder with sheets made for a test, and frames worked out by hand.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -32,7 +33,7 @@ struct Map_place {
 
 // A bitmap of 8 bits in one colour, its bytes written out by hand: two headers, 256 palette entries, the rows.
 inline std::string flat_bmp(int width, int height, unsigned colour = 0x336699) {
-  const auto number = [](unsigned value, int count) {
+  const auto number = [](std::uint64_t value, int count) {
     std::string bytes;
     for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
     return bytes;
