@@ -1,7 +1,6 @@
 // What the tests of this floor share: a program folder with sheets made for a test, and frames worked out by hand.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -33,9 +32,9 @@ struct Map_place {
 
 // A bitmap of 8 bits in one colour, its bytes written out by hand: two headers, 256 palette entries, the rows.
 inline std::string flat_bmp(int width, int height, unsigned colour = 0x336699) {
-  const auto number = [](std::uint64_t value, int count) {
+  const auto number = [](unsigned value, int count) {
     std::string bytes;
-    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    for (int i = 0; i < count; ++i, value >>= 8) bytes += static_cast<char>(value & 0xFF);
     return bytes;
   };
   const unsigned row = (static_cast<unsigned>(width) + 3) / 4 * 4, pixels = row * static_cast<unsigned>(height);
