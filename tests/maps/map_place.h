@@ -34,7 +34,7 @@ struct Map_place {
 inline std::string flat_bmp(int width, int height, unsigned colour = 0x336699) {
   const auto number = [](unsigned value, int count) {
     std::string bytes;
-    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    for (int i = 0; i < count; ++i, value >>= 8) bytes += static_cast<char>(value & 0xFF);
     return bytes;
   };
   const unsigned row = (static_cast<unsigned>(width) + 3) / 4 * 4, pixels = row * static_cast<unsigned>(height);
