@@ -1,6 +1,7 @@
 // Starts the toolkit, makes the ports, opens the main window.
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QTranslator>
 
@@ -39,6 +40,8 @@ int main(int argc, char** argv) {
 
   ui::Frm_main window(session, ports);
   prompts.stand_over(&window);
+  // A small screen is filled; the window's own size is that of a large one.
+  if (QApplication::primaryScreen()->availableSize().width() < 1700) window.setWindowState(Qt::WindowMaximized);
   window.start();
   return QApplication::exec();
 }

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numeric>
 #include <vector>
 
+#include "drawing/text_split.h"
 #include "geodesy/mesh_code.h"
 #include "maps/corner_text.h"
 #include "maps/frame_file.h"
@@ -20,7 +22,12 @@ constexpr double first_column_seconds = 100 * 3600;
 constexpr double steps_per_first_level = 8;
 
 constexpr double grid_margin = 40;  // canvas units
-constexpr double text_inset = 6;
+constexpr double text_inset = 6, part_inset = 6;
+// Height to width of a cell in the middle of Japan: 300 seconds of latitude to 450 of longitude.
+constexpr double cell_ratio = 0.82;
+// Of a cell: corners come from seconds and carry binary noise.
+constexpr double hair = 1e-6;
+constexpr double least_cell_width = 60, largest_cell_width = 480;
 constexpr drawing::Colour sheet_colour = 0xF4F1E6, selected_colour = 0xFFD966;
 
 Index_sheet placed(double south, double west, double north, double east) {
@@ -73,6 +80,12 @@ std::vector<int> largest_first(const Sheet_index& index) {
   std::stable_sort(rows.begin(), rows.end(),
                    [&](int a, int b) { return extent(index.sheets[a]) > extent(index.sheets[b]); });
   return rows;
+}
+
+// As much of a name as stands in a width; a half-width character is half as wide as it is high.
+std::string as_fits(const std::string& name, double width, double height) {
+  const int room = static_cast<int>(std::min(width / (height / 2), 1000.0));
+  return drawing::len_bytes(name) <= room ? name : drawing::mid_bytes(name, 1, std::max(0, room - 2)) + "..";
 }
 
 bool is_inside(const drawing::Rect& rect, drawing::Point at) {
@@ -135,11 +148,32 @@ bool Command1(platform::Files& files, platform::Prompts& prompts, const std::str
   }
 }
 
+void fit_display(Sheet_index& index, double width, double height) {
+  if (index.sheet_count == 0) return;
+  const double across = (width - 2 * grid_margin) / (index.column_max - index.column_min);
+  const double down = (height - 2 * grid_margin) / (index.row_max - index.row_min);
+  const double cell = std::min(across, down / cell_ratio);
+  index.display.cell_width = std::floor(std::clamp(cell, least_cell_width, largest_cell_width));
+  index.display.cell_height = std::floor(index.display.cell_width * cell_ratio);
+}
+
+// A sheet that is a part of a cell stands inside the cell's frame, below its name, so that the whole sheet's frame and
+// name are still seen and clicked.
 drawing::Rect cell_rectangle(const Sheet_index& index, const Index_sheet& sheet) {
   const Index_display& display = index.display;
-  return {grid_margin + (sheet.column - index.column_min) * display.cell_width,
-          grid_margin + (index.row_max - sheet.row - sheet.rows) * display.cell_height,
-          sheet.columns * display.cell_width, sheet.rows * display.cell_height};
+  const double left = std::floor(sheet.column + hair), bottom = std::floor(sheet.row + hair);
+  const bool part = sheet.rows < 1 - hair && sheet.columns < 1 - hair &&
+                    sheet.column + sheet.columns <= left + 1 + hair && sheet.row + sheet.rows <= bottom + 1 + hair;
+  if (!part)
+    return {grid_margin + (sheet.column - index.column_min) * display.cell_width,
+            grid_margin + (index.row_max - sheet.row - sheet.rows) * display.cell_height,
+            sheet.columns * display.cell_width, sheet.rows * display.cell_height};
+  const double name_strip = std::min(display.text_height + text_inset, display.cell_height / 2);
+  const drawing::Rect inner{grid_margin + (left - index.column_min) * display.cell_width + part_inset,
+                            grid_margin + (index.row_max - bottom - 1) * display.cell_height + name_strip,
+                            display.cell_width - 2 * part_inset, display.cell_height - name_strip - part_inset};
+  return {inner.x + (sheet.column - left) * inner.width, inner.y + (bottom + 1 - sheet.row - sheet.rows) * inner.height,
+          sheet.columns * inner.width, sheet.rows * inner.height};
 }
 
 drawing::Rect index_rectangle(const Sheet_index& index) {
@@ -162,7 +196,8 @@ void chizu_out(drawing::Surface& surface, const Sheet_index& index, std::string_
                                                  {cell.x, cell.y + cell.height}}};
     const drawing::Colour fill = sheet.stem == selected ? selected_colour : sheet_colour;
     surface.polygon(corners, {}, {fill, drawing::Fill_style::solid});
-    surface.text({cell.x + text_inset, cell.y + text_inset}, sheet.name, font, drawing::black, 0);
+    const std::string name = as_fits(sheet.name, cell.width - 2 * text_inset, font.height);
+    if (font.height <= cell.height) surface.text({cell.x + text_inset, cell.y + 1}, name, font, drawing::black, 0);
   }
 }
 

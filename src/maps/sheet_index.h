@@ -54,6 +54,9 @@ void chizuset_r(platform::Files& files, const std::string& program_path, Index_d
 bool Command1(platform::Files& files, platform::Prompts& prompts, const std::string& program_path,
               const Index_display& display);
 
+// Cells as large as the whole grid can have in a window of this measure (canvas units), within bounds.
+void fit_display(Sheet_index& index, double width, double height);
+
 // Where a sheet stands on the dialog's Picture1, canvas units: the north-west end of the grid at the margin.
 drawing::Rect cell_rectangle(const Sheet_index& index, const Index_sheet& sheet);
 // The measure of the whole grid with its margin.

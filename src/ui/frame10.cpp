@@ -63,6 +63,8 @@ void Frame10_dialog::lay_out(bool japanese) {
   kinds->addStretch();
   form->addRow(either("形式", "Format"), kinds);
   column->addLayout(form);
+  QWidget::setTabOrder(Text16_, Dir2_);
+  Text16_->setFocus();
   auto* row = new QHBoxLayout;
   row->addStretch();
   auto* save = new QPushButton(either("保存", "Save"));

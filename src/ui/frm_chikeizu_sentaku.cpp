@@ -16,6 +16,12 @@
 
 namespace ui {
 
+namespace {
+
+constexpr QSize first_size(860, 600);
+
+}  // namespace
+
 Frm_chikeizu_sentaku::Frm_chikeizu_sentaku(session::Session& session, session::Ports& ports, QWidget* parent)
     : QDialog(parent), session_(session), ports_(ports) {
   setObjectName("frm_chikeizu_sentaku");
@@ -28,12 +34,14 @@ Frm_chikeizu_sentaku::Frm_chikeizu_sentaku(session::Session& session, session::P
     ports.prompts.message("図葉が多すぎます。先頭の" + limit + "枚だけを表示します。",
                           "There are too many sheets. The first " + limit + " are shown.");
   }
+  // Until somebody has saved settings of their own the grid fills the window.
+  maps::fit_display(index_, 2.0 * (first_size.width() - 50), 2.0 * (first_size.height() - 130));
   maps::chizuset_r(ports.files, settings.program_path, index_.display);
   lay_out(core::is_japanese(settings.language));
   connect_all();
   grid_->measure();
   grid_->mark(session.current_sheet);
-  resize(860, 600);
+  resize(first_size);
 }
 
 void Frm_chikeizu_sentaku::lay_out(bool japanese) {

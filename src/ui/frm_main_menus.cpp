@@ -88,6 +88,14 @@ void Frm_main::build_view_menu() {
   QAction* const index = add_action(view, "view_sheet_index", true);
   index->setShortcut(QKeySequence("Ctrl+I"));
   connect(index, &QAction::triggered, this, &Frm_main::open_sheet_index);
+  // The menus' captions have no mnemonics of their own.
+  for (const auto& [keys, name] : {std::pair{"Alt+F", "menu_file"},
+                                   {"F10", "menu_file"},
+                                   {"Alt+T", "menu_tool"},
+                                   {"Alt+3", "menu_3D"},
+                                   {"Alt+V", "menu_view"}})
+    connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this,
+            [this, menu = findChild<QMenu*>(name)] { menuBar()->setActiveAction(menu->menuAction()); });
   auto* escape = new QShortcut(Qt::Key_Escape, this);
   connect(escape, &QShortcut::activated, this, &Frm_main::end_tool);
 }

@@ -38,6 +38,7 @@ QListView* make_column(const char* name, QAbstractItemModel* model, int column) 
   view->setEditTriggers(QAbstractItemView::NoEditTriggers);
   view->setSelectionBehavior(QAbstractItemView::SelectRows);
   view->setUniformItemSizes(true);
+  view->setSpacing(1);
   view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view->setTextElideMode(Qt::ElideRight);

@@ -29,7 +29,9 @@ int Sheet_model::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(names_.size());
 }
 
-int Sheet_model::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 2; }
+int Sheet_model::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : 2;
+}
 
 QVariant Sheet_model::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};

@@ -111,10 +111,27 @@ TEST_F(Index, DrawsEachSheetWithNorthAtTheTop) {
 TEST_F(Index, FindsTheSmallestSheetUnderAClick) {
   place.put_lines("map\\mine.set", {"138,52,30,36,10,0,139,7,30,36,5,0"});
   read({"54381700", "mine"});
-  EXPECT_EQ(index.sheets[maps::sheet_index_hit(index, {45, 115})].stem, "54381700");
+  EXPECT_EQ(index.sheets[maps::sheet_index_hit(index, {50, 110})].stem, "54381700");
   EXPECT_EQ(index.sheets[maps::sheet_index_hit(index, {200, 50})].stem, "mine");
   EXPECT_EQ(maps::sheet_index_hit(index, {30, 50}), 0);
   EXPECT_EQ(maps::sheet_index_hit(index, {240, 50}), 0);
+}
+
+// The cell is 100 x 80 at (40, 40); its parts share what is left below a strip of 30 for the name, 6 inside the frame.
+TEST_F(Index, AQuarterSheetStandsInsideItsWholeSheetBelowTheName) {
+  read({"543817", "54381755"});
+  EXPECT_EQ(maps::cell_rectangle(index, index.sheets[1]), (Rect{40, 40, 100, 80}));
+  EXPECT_EQ(maps::cell_rectangle(index, index.sheets[2]), (Rect{90, 70, 44, 22}));
+  EXPECT_EQ(index.sheets[maps::sheet_index_hit(index, {43, 50})].stem, "543817");
+  EXPECT_EQ(index.sheets[maps::sheet_index_hit(index, {100, 80})].stem, "54381755");
+}
+
+TEST_F(Index, FitsTheGridIntoAWindow) {
+  read({"543817", "543806"});
+  maps::fit_display(index, 480, 10'000);
+  EXPECT_EQ(index.display.cell_width, 200);
+  EXPECT_EQ(index.display.cell_height, 164);
+  EXPECT_LE(maps::index_rectangle(index).width, 480);
 }
 
 TEST_F(Index, ShowsAnEmptyGridForAnEmptyFolder) {
