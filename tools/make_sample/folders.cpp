@@ -53,10 +53,6 @@ constexpr Free_picture free_pictures[] = {
     {"keisharyou", Theme::slope, {128640, 499860, 128880, 500220}, true},
 };
 
-QImage in_colours(const QImage& picture, const QList<QRgb>& palette) {
-  return to_palette(picture, palette);
-}
-
 void save(Files& files, const std::string& path, const QImage& picture) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -100,7 +96,7 @@ void write_pictures(Files& files, const Country& country, const Making& making, 
     try {
       const QImage picture =
           paint_sheet(country, job.view.scale >= 50000 ? labels_50000 : labels, job.view, making.font);
-      const QImage indexed = in_colours(picture, job.view.theme == Theme::topographic ? shared : fit_palette(picture));
+      const QImage indexed = to_palette(picture, job.view.theme == Theme::topographic ? shared : fit_palette(picture));
       const std::lock_guard lock(guard);
       save(files, job.path + ".bmp", indexed);
     } catch (...) {

@@ -113,7 +113,8 @@ void label_rivers(Lettering& lettering, const Country& country, int scale) {
     double since_last = every * 0.75;
     for (const Stop& stop : stops(river.course, 60)) {
       since_last += 60;
-      if (since_last < every) continue;
+      if (since_last < every || under_lake(country, stop.at, relief_at(country.relief, stop.at.x, stop.at.y).z))
+        continue;
       const Nearest here = nearest_point(river.course, stop.at);
       const double aside = river.widths[here.index] / 2 + (0.75 * mm + 0.3) * scale / 1000;
       Label label{one.name, {}, 0, mm, 0.8, Letters::river};

@@ -51,7 +51,8 @@ double light_on(const ground::Height& height, double strength) {
 // How much of a contour of the given width in pixels covers a pixel: its distance is the height's over the slope.
 double contour_cover(double height, double interval, double slope, double metres_per_pixel, double width) {
   const double steps = height / interval;
-  const double away = std::abs(steps - std::round(steps)) * interval / std::max(slope, 0.004) / metres_per_pixel;
+  const double away =
+      std::abs(steps - static_cast<int>(steps + 0.5)) * interval / std::max(slope, 0.004) / metres_per_pixel;
   return std::clamp(width / 2 + 0.5 - away, 0.0, 1.0);
 }
 

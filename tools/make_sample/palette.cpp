@@ -135,6 +135,8 @@ QImage to_palette(const QImage& picture, const QList<QRgb>& palette) {
   for (int row = 0; row < picture.height(); ++row) {
     const QRgb* from = reinterpret_cast<const QRgb*>(picture.constScanLine(row));
     uchar* to = indexed.scanLine(row);
+    // The bytes that fill up a row go into the file too, and no toolkit call sets them.
+    std::fill(to + picture.width(), to + indexed.bytesPerLine(), uchar{0});
     for (int column = 0; column < picture.width(); ++column) {
       std::int16_t& index = nearest[cell_of(from[column])];
       if (index < 0) index = seek(cell_of(from[column]));

@@ -47,8 +47,10 @@ constexpr const char* quarter_sheets[] = {
 };
 
 Frame frame_of(const std::string& stem, double height, double width) {
+  // Sheets begin at whole seconds; a third of a degree does not come out as such.
   const geodesy::Mesh_origin corner = geodesy::mesh_code_origin(stem);
-  return {corner.lat_seconds, corner.lon_seconds, corner.lat_seconds + height, corner.lon_seconds + width};
+  const double south = std::round(corner.lat_seconds), west = std::round(corner.lon_seconds);
+  return {south, west, south + height, west + width};
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ constexpr double rail_beside_river = 235;  // and to the railway on its right ba
 // Where the flow of a tributary falls below these, its road changes kind or ends.
 constexpr double prefectural_above = 9, town_above = 3.2, track_above = 0.9;
 
+constexpr double farthest_joint = 500;  // metres from a valley's mouth to the road that its own begins at
+
 Course nodes_of(const ground::Stream& stream, std::size_t from, std::size_t to) {
   Course course;
   for (std::size_t i = from; i < to; ++i) course.push_back(stream.nodes[i].at);
@@ -57,8 +59,10 @@ void add_valley_road(Country& country, const ground::Stream& stream, double side
   while (dry < way.size() && !drowned(country, way[dry])) ++dry;
   way.resize(dry);
   if (way.size() < 4) return;
-  std::size_t from = 0;
+  // A valley that no road comes near, such as one above a reservoir, has none of its own.
   Course start{nearest_road(country.roads, way[0])};
+  if (distance(start[0], way[0]) > farthest_joint) return;
+  std::size_t from = 0;
   for (const Piece& piece : pieces) {
     const std::size_t to = std::min(first_node_below(stream, piece.above), way.size());
     if (to <= from + 1) continue;
@@ -82,7 +86,8 @@ Course path_to_summit(const Country& country, Point from) {
     if (relief_at(country.relief, next.x, next.y).z < height.z) break;
     course.push_back(next);
   }
-  return course;
+  // On a ridge the steepest way swings from side to side.
+  return even_out(even_out(course, 3), 3);
 }
 
 }  // namespace

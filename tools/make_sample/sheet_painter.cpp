@@ -108,6 +108,7 @@ void paint_growth(QPainter& painter, const Country& country, const View& view) {
                      (j + ground::next_between(random, 0.1, 0.9)) * spacing};
       const double choice = ground::next_fraction(random);
       const ground::Height height = relief_at(country.relief, at.x, at.y);
+      if (under_lake(country, at, height.z)) continue;
       const double slope = std::hypot(height.dx, height.dy);
       const QPointF pixel = pixel_of(view, at);
       if (slope < 0.05)

@@ -8,11 +8,13 @@ namespace sample {
 
 namespace {
 
+// The river is wide, with banks of gravel; its tributaries keep to narrow beds.
 double width_of_water(double flow) {
-  return flow > 600 ? 2.1 * std::sqrt(flow) : 1.25 * std::sqrt(flow);
+  const double as_river = std::clamp((flow - 300) / 700, 0.0, 1.0);
+  return (1.25 + 0.85 * as_river) * std::sqrt(flow);
 }
 
-River river_of(const ground::Stream& stream) {
+River river_of(const ground::Stream& stream, const Relief& relief) {
   River river;
   Course nodes;
   for (const ground::Stream_node& node : stream.nodes) nodes.push_back(node.at);
@@ -23,7 +25,10 @@ River river_of(const ground::Stream& stream) {
   river.flow = stream.nodes[stream.order == 0 ? 0 : own].flow;
   for (std::size_t i = 0; i < river.course.size(); ++i) {
     const std::size_t node = std::clamp(i * stream.nodes.size() / river.course.size(), own, stream.nodes.size() - 1);
-    river.widths.push_back(width_of_water(stream.nodes[node].flow));
+    const ground::Stream_node& at = stream.nodes[node];
+    // Where a deeper valley beside it has cut a stream off it is dry.
+    const bool dry = relief_at(relief, at.at.x, at.at.y).z < at.bed - 6;
+    river.widths.push_back(dry ? 0 : width_of_water(at.flow));
   }
   return river;
 }
@@ -93,7 +98,8 @@ bool under_lake(const Country& country, Point at, double height) {
 }
 
 void add_waters(Country& country) {
-  for (const ground::Stream& stream : country.ground.streams) country.rivers.push_back(river_of(stream));
+  for (const ground::Stream& stream : country.ground.streams)
+    country.rivers.push_back(river_of(stream, country.relief));
   const int dammed = dammed_stream(country.ground.streams);
   if (dammed < 0) return;
   const ground::Stream& stream = country.ground.streams[static_cast<std::size_t>(dammed)];
