@@ -114,6 +114,10 @@ std::string bare_name(const std::string& text, std::string_view ending) {
   return name.substr(0, name.size() - ending.size());
 }
 
+std::string ending_of(const Image_save_boxes& boxes) {
+  return boxes.Option3 ? ".png" : boxes.Option2 ? ".jpg" : ".bmp";
+}
+
 // Gives \bmp.bmp the chosen name.
 bool rename_bmp(platform::Files& files, const std::string& from, const std::string& to) {
   if (platform::same_name(from, to)) return true;
@@ -177,16 +181,20 @@ bool is_file_name(std::string_view text) {
          std::none_of(text.begin(), text.end(), is_forbidden);
 }
 
+std::string image_path(const Image_save_boxes& boxes) {
+  const std::string ending = ending_of(boxes);
+  const std::string name = bare_name(boxes.Text16, ending);
+  return is_file_name(name) ? platform::join_path(boxes.Dir2, name + ending) : std::string{};
+}
+
 bool Command29(platform::Files& files, platform::Pictures& pictures, platform::Prompts& prompts, const Picture& canvas,
                const Image_save_boxes& boxes) {
-  const std::string ending = boxes.Option3 ? ".png" : boxes.Option2 ? ".jpg" : ".bmp";
-  const std::string name = bare_name(boxes.Text16, ending);
-  if (!is_file_name(name)) {
+  const std::string chosen = image_path(boxes);
+  if (chosen.empty()) {
     prompts.message({"ファイル名に使えない名前です。", "This name can't be used as a file name."});
     return false;
   }
   const std::string first = platform::join_path(boxes.Dir2, "bmp.bmp");
-  const std::string chosen = platform::join_path(boxes.Dir2, name + ending);
   if (!save_bmp(files, prompts, canvas, first, 24)) return false;
   const bool done = boxes.Option3   ? bmp_to_png(files, pictures, first, chosen)
                     : boxes.Option2 ? bmp_to_jpg(files, pictures, first, chosen)
