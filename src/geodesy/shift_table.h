@@ -40,7 +40,7 @@ struct Shift_table {
 // are left.
 std::string load_par(platform::Files& files, const std::string& path, Shift_table& table);
 
-// The same from a file's content: docs/formats/TKY2JGD_par.md tells the reading of odd rows.
+// The same from a file's content: docs/formats/TKY2JGD.par.md tells the reading of odd rows.
 std::string read_par(std::string_view bytes, Shift_table& table);
 
 // Makes the index of rows 1 to `count`.

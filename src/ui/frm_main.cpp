@@ -125,10 +125,7 @@ void Frm_main::guarded(const std::function<void()>& procedure) {
 
 void Frm_main::show(session::Redraw redraw) {
   if (redraw == session::Redraw::none) return;
-  if (redraw == session::Redraw::all) {
-    canvas_->map_changed();
-    show_state();
-  }
+  if (redraw == session::Redraw::all) canvas_->map_changed();
   if (redraw == session::Redraw::view) canvas_->view_moved();
   if (redraw == session::Redraw::overlay) canvas_->overlay_changed();
   bars_to_widgets();

@@ -107,6 +107,7 @@ void Frm_main::switch_language(const std::string& language) {
     fill_lists();
     if (settings_) settings_->Language_set();
     show(session::Redraw::all);
+    show_state();
   });
 }
 

@@ -25,7 +25,8 @@ void Frm_main::build_menus() {
   file->setObjectName("menu_file");
   connect(add_action(file, "menu_settei", true), &QAction::triggered, this, &Frm_main::open_settings);
   file->addSeparator();
-  add_action(file, "menu_web_henkann", false);
+  connect(add_action(file, "menu_web_henkann", true), &QAction::triggered, this,
+          [this] { session::menu_web_henkann(session_, ports_); });
   add_action(file, "menu_chikeizu_tuika", false);
   add_action(file, "menu_ninni_tuika", false);
   file->addSeparator();

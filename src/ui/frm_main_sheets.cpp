@@ -125,6 +125,7 @@ void Frm_main::activate() {
     fill_lists();
     show_sheet_list();
     show(session::Redraw::all);
+    show_state();
     if (outcome == session::Activated::settings_asked) open_settings();
   });
 }
@@ -163,6 +164,7 @@ void Frm_main::open_row(int row) {
     });
     canvas_measured();
     show(redraw);
+    show_state();
   });
   progress_->setVisible(false);
   QApplication::restoreOverrideCursor();
@@ -190,6 +192,7 @@ void Frm_main::settings_saved() {
     session::sheet_list_r(session_, ports_);
     show_sheet_list();
     show(session::Redraw::all);
+    show_state();
     if (session_.sheet_shown() && session_.sheets.selected >= 0) open_row(session_.sheets.selected);
   });
 }

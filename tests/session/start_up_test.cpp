@@ -144,3 +144,9 @@ TEST_F(Start_up, TheEndClearsTheGpsFlag) {
   session::menu_end(session);
   EXPECT_EQ(session.flags.gps_running, 0);
 }
+
+TEST_F(Start_up, TheMapDownloadRunsItsProgramFromTheProgramFolder) {
+  session::form_load(session, ports, program());
+  session::menu_web_henkann(session, ports);
+  EXPECT_EQ(processes.started, std::vector<std::string>{program() + "\\Tilefetch.exe"});
+}
