@@ -53,7 +53,7 @@ settings_of /gone/sample /media/disk/survey | tee "$place/expected" | sample_mak
 expect 'a project folder on a disk that is away'
 
 sample="$place/noise/sample"
-yes "$(printf "\377\200\\\201")" | head -n 500 | tee "$place/expected" | sample_make
+printf '\377\200\\\201%d\n' $(seq 500) | tee "$place/expected" | sample_make
 "$scripts/mend_moved_sample" "$sample"
 expect 'a settings file that is no text'
 
