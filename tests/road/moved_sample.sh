@@ -19,9 +19,8 @@ settings_of() {
   } | sed 's/$/\r/' | iconv -f UTF-8 -t CP932
 }
 
-# The sample of a person: an observation of theirs, and settei.ini as <settings_of> prints it.
+# The sample of a person: an observation of theirs, and settei.ini from the input.
 sample_make() {
-  sample=$1
   mkdir -p "$sample/program/map" "$sample/project/chisou_men"
   echo 'an observation' >"$sample/project/chisou_men/own.csv"
   cat >"$sample/program/settei.ini"
@@ -32,7 +31,8 @@ expect() {
   [ "$(ls "$sample/program")" = "$(printf 'map\nsettei.ini')" ] || fail "$1: something is left in the program folder"
 }
 
-settings_of /gone/sample /gone/sample/project | sample_make "$place/新しい 場所/sample"
+sample="$place/新しい 場所/sample"
+settings_of /gone/sample /gone/sample/project | sample_make
 settings_of "$sample" "$sample/project" >"$place/expected"
 "$scripts/mend_moved_sample" "$sample" 2>"$place/said"
 expect 'a moved sample'
@@ -42,15 +42,18 @@ expect 'a sample that is in its place'
 [ ! -s "$place/said" ] || fail 'a sample that is in its place: something was said'
 
 mkdir "$place/mine"
-settings_of /gone/sample "$place/mine" | tee "$place/expected" | sample_make "$place/own project/sample"
+sample="$place/own project/sample"
+settings_of /gone/sample "$place/mine" | tee "$place/expected" | sample_make
 "$scripts/mend_moved_sample" "$sample"
 expect 'a project folder of the person'
 
-settings_of /gone/sample /media/disk/survey | tee "$place/expected" | sample_make "$place/away/sample"
+sample="$place/away/sample"
+settings_of /gone/sample /media/disk/survey | tee "$place/expected" | sample_make
 "$scripts/mend_moved_sample" "$sample"
 expect 'a project folder on a disk that is away'
 
-head -c 3000 /dev/urandom | tee "$place/expected" | sample_make "$place/noise/sample"
+sample="$place/noise/sample"
+printf '\377\200\\\201%d\n' $(seq 500) | tee "$place/expected" | sample_make
 "$scripts/mend_moved_sample" "$sample"
 expect 'a settings file that is no text'
 
