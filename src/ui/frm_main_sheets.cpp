@@ -30,8 +30,17 @@ namespace {
 // A row reached with the keyboard opens after the keys have rested.
 constexpr int rest_of_keys = 250;  // milliseconds
 
+// A list that only gets the keyboard chooses no row by itself: the first map comes when a person picks one.
+class Column_view : public QListView {
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QListView::focusInEvent(event);
+    if (!selectionModel()->hasSelection()) selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+  }
+};
+
 QListView* make_column(const char* name, QAbstractItemModel* model, int column) {
-  auto* view = new QListView;
+  QListView* const view = new Column_view;
   view->setObjectName(name);
   view->setModel(model);
   view->setModelColumn(column);
