@@ -22,10 +22,6 @@ struct Sheet_extent {
 constexpr Sheet_extent whole_extent{300, 450};
 constexpr Sheet_extent quarter_extent{150, 225};
 
-bool is_digits(std::string_view text) {
-  return text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 Corner_texts quarter_corners(std::string_view stem) {
   const geodesy::Mesh_origin south_west = geodesy::mesh_code_origin(stem);
   return corner_texts_of_seconds(static_cast<float>(south_west.lat_seconds + quarter_extent.lat),
@@ -164,9 +160,9 @@ std::string stem_of(std::string_view entry) {
 }
 
 Sheet_kind sheet_kind(const Catalogue& catalogue, std::string_view stem, int option5) {
-  if (option5 != folder_25000 || !is_digits(stem)) return Sheet_kind::free;
-  if (stem.size() == 8) return Sheet_kind::quarter;
-  return stem.size() == 6 && catalogue_row(catalogue, stem) > 0 ? Sheet_kind::whole : Sheet_kind::free;
+  if (option5 != folder_25000) return Sheet_kind::free;
+  if (is_code(stem, 8)) return Sheet_kind::quarter;
+  return is_code(stem, 6) && catalogue_row(catalogue, stem) > 0 ? Sheet_kind::whole : Sheet_kind::free;
 }
 
 std::array<std::string, mosaic_slots> tile_names(const Catalogue& catalogue, std::string_view stem, int option5) {

@@ -82,6 +82,7 @@ struct Session {
   Drag drag;
   std::string current_sheet;               // stem of the sheet that is drawn; empty before the first
   int start_guard = 1;                     // 1 at start, 2 after the first pass
+  bool long_table_told = false;            // that the table of sheet names is longer than the catalogue
   bool cut_map_project = false;            // the project holds a cut map picture
   std::vector<std::string> stratum_names;  // Combo6
   std::string boring_out_folder, rockview_folder;

@@ -1,6 +1,7 @@
 #include "core/session/sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/session/tools.h"
 #include "maps/boundaries.h"
@@ -17,9 +18,11 @@ void catalogue_r(Session& session, Ports& ports) {
     maps::zumei_read(ports.files, session.catalogue, settings.program_path, session.option5(), settings.datum_mode,
                      settings.language);
   } catch (const platform::Subscript_failure&) {
+    // The list is read at each return to the window until a sheet is drawn; once is enough to be told.
     const std::string rows = std::to_string(maps::catalogue_limit);
-    ports.prompts.message("図葉一覧表が大きすぎます。先頭の" + rows + "行だけを使います。",
-                          "The table of sheet names is too long. Its first " + rows + " rows are used.");
+    if (!std::exchange(session.long_table_told, true))
+      ports.prompts.message("図葉一覧表が大きすぎます。先頭の" + rows + "行だけを使います。",
+                            "The table of sheet names is too long. Its first " + rows + " rows are used.");
   }
   ports.prompts.use_language(settings.language);
 }
