@@ -1,5 +1,6 @@
 #include "ui/frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEvent>
 #include <QGridLayout>
@@ -13,6 +14,7 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <new>
+#include <utility>
 
 #include "core/language.h"
 #include "core/session/start_up.h"
@@ -161,9 +163,16 @@ QString Frm_main::either(const char* japanese_text, const char* english_text) co
   return QString::fromUtf8(japanese() ? japanese_text : english_text);
 }
 
+// The return from a message is no return from a dialog: a message of the activation itself would come up for ever.
 void Frm_main::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible()) activate();
+  if (event->type() != QEvent::ActivationChange || !isVisible()) return;
+  if (isActiveWindow()) {
+    if (!std::exchange(left_for_message_, false)) activate();
+    return;
+  }
+  const QWidget* const modal = QApplication::activeModalWidget();
+  left_for_message_ = modal && modal->objectName() == "message";
 }
 
 // Closing the window by its frame asks nothing, unsaved entries or not.

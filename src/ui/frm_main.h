@@ -143,8 +143,9 @@ class Frm_main : public QMainWindow {
   QLabel* shown_folder_ = nullptr;
   class QListWidget* shown_files_ = nullptr;
   Frame2_dialog* settings_ = nullptr;
-  bool settings_left_ = false;  // the basic settings were closed in this run
-  bool filling_ = false;        // the program itself sets widgets now
+  bool settings_left_ = false;     // the basic settings were closed in this run
+  bool left_for_message_ = false;  // the window is inactive since a message stands over it
+  bool filling_ = false;           // the program itself sets widgets now
 };
 
 }  // namespace ui

@@ -38,7 +38,7 @@ huge() {
   head -c 8000000 <(yes '99999999999999999999,-1e308,"霧,,,,,,,,,,,,,,,,,,,,,,,,,,,')
   head -c 8000000 <(yes 12345678 | tr -d '\n')
 }
-wrongly_encoded() { { cat "$1"; printf '\xff\xfe\xe9\x9c\xa7\x85'; } | iconv -f CP932 -t UTF-16LE -c; }
+wrongly_encoded() { iconv -f CP932 -t UTF-16 "$1"; }
 
 tables=(ZUMEI.CSV map/slope.set mps/kirisawa.mps TKY2JGD.par danmen.dat Language.set)
 
@@ -67,55 +67,62 @@ state_of_disk() {
     LC_ALL=C sort
 }
 
-# A message over the window, such as one on a table that is too long, is answered; the window itself must stay.
-answer_messages() {
-  while window_find "$message_title"; do
+# The main window has the keyboard, and the display stands still; a message over it, such as one on a table that is too
+# long, is answered.
+main_is_ready() {
+  if window_find "$message_title"; then
     keys Return
     sleep 0.2
-  done
+    return 1
+  fi
+  window_find "$main_title" && window_has_keys
+}
+main_wait() {
+  until_true 20 "the main window can't be reached" main_is_ready
+  wait_still "$road/rest.ppm"
+  until_true 20 "the main window can't be reached" main_is_ready
 }
 
-# start_look_end <what is broken>
+# start_look_end <what is broken> <key of the list>...
 start_look_end() {
-  local before began
+  local what=$1 before began key
+  shift
   before=$(state_of_disk)
   began=$(milliseconds)
   program_start
-  until_true 20 "$1: no window came up" window_find 'Terranote'
-  wait_still "$road/started.ppm"
-  answer_messages
-  if [ ! -s "$program/settei.ini" ]; then # the first start's question was answered
+  if [ ! -s "$program/settei.ini" ]; then # as at the first start
+    window_wait "$message_title"
+    keys Return
     window_wait "$settings_title"
     keys alt+F4
     window_wait_gone "$settings_title"
   else
-    window_wait "$main_title"
+    main_wait
     keys ctrl+m
-    for key in Home Down End; do
+    for key in "$@"; do
       keys $key
       sleep 0.4 # a row opens after the keys have rested
-      wait_still "$road/opened.ppm"
-      answer_messages
+      main_wait
     done
   fi
   program_quit
   [ "$(state_of_disk)" = "$before" ] || {
     diff <(echo "$before") <(state_of_disk) || true
-    fail "$1: files were changed"
+    fail "$what: files were changed"
   }
-  [ "$(cat "$program/dempath.dat")" = "$program"$'\r' ] || fail "$1: dempath.dat holds $(cat "$program/dempath.dat")"
-  say "$1: $(($(milliseconds) - began)) ms"
+  [ "$(cat "$program/dempath.dat")" = "$program"$'\r' ] || fail "$what: dempath.dat holds $(cat "$program/dempath.dat")"
+  say "$what: $(($(milliseconds) - began)) ms"
 }
 
 display_start
 for way in truncated empty binary huge wrongly_encoded; do
   good_files
   break_files $way "${tables[@]}"
-  start_look_end "$way tables"
+  start_look_end "$way tables" Home Down
   good_files
   break_files $way settei.ini
-  start_look_end "$way settei.ini"
+  start_look_end "$way settei.ini" Home
 done
 good_files
 break_pictures
-start_look_end "broken pictures"
+start_look_end "broken pictures" Home Down Down Down

@@ -30,3 +30,15 @@ writable_or_stop() {
     return 1
   fi
 }
+
+# A build folder knows its place by its whole path: after a move of the checkout it has to be made anew.
+forget_moved_builds() {
+  local cache home
+  for cache in build/*/CMakeCache.txt; do
+    [ -e "$cache" ] || continue
+    home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
+    [ "$(realpath -m -- "$home")" = "$PWD" ] && continue
+    say "This checkout has been moved, so ${cache%/*} is built anew"
+    rm -rf "${cache%/*}"
+  done
+}
