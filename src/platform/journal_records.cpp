@@ -170,6 +170,7 @@ bool read_mark(std::string_view payload, Mark& to) {
   mark.number = take(from, 8);
   if (mark.kind == Mark_kind::ended) {
     mark.title = take_title(from);
+    mark.changes = static_cast<std::uint32_t>(take(from, 4));
     while (from.good && !from.left.empty()) mark.failed.push_back(static_cast<std::uint32_t>(take(from, 4)));
   }
   if (!from.good || !from.left.empty()) return false;
@@ -223,8 +224,8 @@ bool exchange_middle(const Change& change, const Content_stamp& target, std::str
 
 }  // namespace
 
-Change difference(const std::string& path, const Contents& before, const Contents& after, Keep keep) {
-  const std::string_view old = text_of(before), made = text_of(after);
+Change difference(const std::string& path, const Contents& before, std::optional<std::string_view> after, Keep keep) {
+  const std::string_view old = text_of(before), made = after.value_or(std::string_view());
   const std::size_t shorter = std::min(old.size(), made.size());
   const auto differs = std::mismatch(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(shorter), made.begin());
   const std::size_t head = static_cast<std::size_t>(differs.first - old.begin());
@@ -234,7 +235,7 @@ Change difference(const std::string& path, const Contents& before, const Content
   Change change;
   change.path = path;
   change.before = stamp_of(before);
-  change.after = stamp_of(after);
+  if (after) change.after = stamp_of(*after);
   change.head = head;
   change.tail = tail;
   change.before_kept = keep != Keep::after;
@@ -268,13 +269,14 @@ std::string redo_beginning() {
   return beginning(File_kind::redo);
 }
 
-// 1 kind, 8 number; of an ended one 8 + n Japanese title, 8 + n English title, 4 each failed change
+// 1 kind, 8 number; of an ended one 8 + n Japanese title, 8 + n English title, 4 changes, 4 each failed one
 std::string mark_record(const Mark& mark) {
   std::string payload;
   put(payload, static_cast<std::uint8_t>(mark.kind), 1);
   put(payload, mark.number, 8);
   if (mark.kind == Mark_kind::ended) {
     put_title(payload, mark.title);
+    put(payload, mark.changes, 4);
     for (const std::uint32_t index : mark.failed) put(payload, index, 4);
   }
   return record(Record_kind::mark, payload);

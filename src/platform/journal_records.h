@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,15 +35,16 @@ enum class Mark_kind : std::uint8_t { ended = 1, undoing, undone, redoing, redon
 struct Mark {
   Mark_kind kind = Mark_kind::ended;
   std::uint64_t number = 0;
-  // Of ended ones only: the title, and the changes (counted from 0) whose write failed.
+  // Of ended ones only: the title, how many changes it has, and those (counted from 0) whose write failed.
   Operation_title title;
+  std::uint32_t changes = 0;
   std::vector<std::uint32_t> failed;
 };
 
 enum class Keep { before, after, both };
 
 // Compares both contents and keeps the middle parts asked for.
-Change difference(const std::string& path, const Contents& before, const Contents& after, Keep keep);
+Change difference(const std::string& path, const Contents& before, std::optional<std::string_view> after, Keep keep);
 // The content before a change from the content after it, and the other way round. False, and `contents` as it was,
 // when `contents` is not what the change tells or its middle isn't kept.
 bool take_back(const Change& change, Contents& contents);
