@@ -81,7 +81,8 @@ void Frm_Shape::add_place(QFormLayout* form, bool japanese) {
   Dir1_ = new Folder_box("Dir1", this);
   Dir1_->set_captions(either(japanese, "参照...", "Browse..."),
                       either(japanese, "保存先のフォルダ", "Folder to save to"));
-  Dir1_->edit()->setAccessibleName(either(japanese, "フォルダ", "Folder"));
+  for (QWidget* box : {static_cast<QWidget*>(Dir1_), static_cast<QWidget*>(Dir1_->edit())})
+    box->setAccessibleName(either(japanese, "フォルダ", "Folder"));
   Dir1_->start_folder = [this](const QString& text) {
     return to_toolkit(ports_.files.native_path(from_toolkit(text)));
   };

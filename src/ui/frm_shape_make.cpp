@@ -35,7 +35,8 @@ void Frm_ShapeMake::lay_out(bool japanese) {
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   Dir1_ = new Folder_box("Dir1", this);
   Dir1_->set_captions(either("参照...", "Browse..."), either("テキストのフォルダ", "Folder of the text files"));
-  Dir1_->edit()->setAccessibleName(either("フォルダ", "Folder"));
+  for (QWidget* box : {static_cast<QWidget*>(Dir1_), static_cast<QWidget*>(Dir1_->edit())})
+    box->setAccessibleName(either("フォルダ", "Folder"));
   Dir1_->edit()->setMinimumWidth(320);
   Dir1_->edit()->setToolTip(either("図形のテキストファイルがあるフォルダ。Shapeファイルも同じフォルダにできます。",
                                    "Folder of the text files. The Shapefile is made in the same folder."));
