@@ -128,8 +128,10 @@ void Frm_main::build_tool_bar() {
   add("Command25", Icon::section, [this] { start_section_line(); });
   bar->addSeparator();
   add("Main_act_0", Icon::save_range, [this] { open_picture_save(); });
-  findChild<QToolButton*>("Command19")->setCheckable(true);
-  findChild<QToolButton*>("Command25")->setCheckable(true);
+  zoom_box_tool_ = findChild<QToolButton*>("Command19");
+  section_tool_ = findChild<QToolButton*>("Command25");
+  zoom_box_tool_->setCheckable(true);
+  section_tool_->setCheckable(true);
 }
 
 }  // namespace ui
