@@ -194,6 +194,13 @@ TEST_F(Qt_pictures, ASizeBeyondMemoryIsTooLarge) {
   EXPECT_EQ(fault(file_of(bmp)), Picture_fault::too_large);
 }
 
+// 2^31 - 1 each way: four times as many bits as a 64-bit number counts.
+TEST_F(Qt_pictures, ASizeBeyondAnyNumberIsTooLarge) {
+  Bmp bmp = chequers();
+  bmp.width = bmp.height = 0x7FFFFFFF;
+  EXPECT_EQ(fault(file_of(bmp)), Picture_fault::too_large);
+}
+
 // Byte 16 of a PNG: width, height, 8 bits, red green blue, and the CRC-32 (by zlib) of "IHDR" and these.
 TEST_F(Qt_pictures, APngThatClaims100000EachWayIsTooLarge) {
   std::string bytes = encoded("png");
