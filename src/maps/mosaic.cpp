@@ -83,6 +83,10 @@ Tile_result decode_tile(platform::Pictures& pictures, std::string bytes) {
   return result;
 }
 
+// A file longer than the largest picture in memory is not read to find that out; its headers and palette are allowed
+// for.
+constexpr std::int64_t largest_file_bytes = platform::largest_picture_bytes + (1 << 20);
+
 std::optional<std::string> file_bytes(platform::Files& files, const std::string& path) {
   try {
     return files.read_bytes(path);
@@ -143,6 +147,12 @@ void load_tiles(platform::Files& files, platform::Pictures& pictures, const std:
   };
   for (const Tile_load& load : loads) {
     if (running.size() == at_once) finish_first();
+    if (load.origin.length > largest_file_bytes) {
+      running.emplace_back(&load, std::async(std::launch::deferred, [] {
+        return Tile_result{{}, platform::Picture_fault::too_large};
+      }));
+      continue;
+    }
     std::optional<std::string> bytes = file_bytes(files, load.origin.path);
     running.emplace_back(&load, bytes
                                     ? std::async(std::launch::async, decode_tile, std::ref(pictures), std::move(*bytes))

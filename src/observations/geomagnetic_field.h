@@ -28,7 +28,7 @@ struct Field_vector {
   double X = 0, Y = 0, Z = 0;
 };
 
-// From the lines of a coefficient file (docs/formats/igrf10_coef.md tells the reading of odd ones). A text that holds
+// From the lines of a coefficient file (docs/formats/igrf10.coef.md tells the reading of odd ones). A text that holds
 // no model gives a field of order 0.
 Geomagnetic_field field_of_lines(std::span<const std::string> lines);
 

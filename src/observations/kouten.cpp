@@ -12,10 +12,10 @@ using geodesy::Point;
 
 // The rounding takes off the noise that would put a point on a segment's end outside it.
 Point rounded(Point p) {
-  const auto to_10_decimals = [](double value) {
+  const auto to_11_decimals = [](double value) {
     return platform::val(platform::format_number(value, "###########0.##########0"));
   };
-  return {to_10_decimals(p.x), to_10_decimals(p.y)};
+  return {to_11_decimals(p.x), to_11_decimals(p.y)};
 }
 
 bool same(Point p, Point q) {

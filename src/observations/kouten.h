@@ -11,7 +11,7 @@ struct Crossing {
 };
 
 // The crossing of the lines through a-b and c-d; found when it lies on both segments, ends included, all compared after
-// rounding to 10 decimals (15 digits). A segment of no length and parallel ones have none: (-9999, -9999), not found.
+// rounding to 11 decimals (15 digits). A segment of no length and parallel ones have none: (-9999, -9999), not found.
 Crossing KOUTEN(geodesy::Point a, geodesy::Point b, geodesy::Point c, geodesy::Point d);
 
 // The same, but a crossing at an end of either segment is not found.

@@ -95,7 +95,7 @@ QWidget* Frm_main::build_sheet_list() {
     connect(list, &QListView::clicked, this, &Frm_main::list_clicked);
     connect(list, &QListView::activated, this, &Frm_main::list_clicked);
   }
-  // Not the current row: the list takes its first as the current one as soon as it has the keyboard.
+  // A row is chosen when it is selected; one that is only current isn't.
   connect(List1_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& chosen) {
     if (!filling_ && !chosen.isEmpty()) list_delay_->start();
   });

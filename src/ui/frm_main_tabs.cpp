@@ -139,15 +139,20 @@ QWidget* Frm_main::build_Frame4() {
 QWidget* Frm_main::build_Frame5() {
   auto* frame = named(new QWidget, "Frame5", true);
   auto* column = new QVBoxLayout(frame);
-  auto* grid = named(new QCheckBox, "Check3", true);
-  grid->setChecked(session_.view.Check3);
-  connect(grid, &QCheckBox::toggled, this, [this](bool ticked) {
-    session_.view.Check3 = ticked;
-    show(session::Redraw::all);
-  });
-  column->addWidget(grid);
-  for (const char* name : {"Check5", "Check2", "Check6", "Check8"})
-    column->addWidget(named(new QCheckBox, name, false));
+  const auto view_box = [&](const char* name, bool& shown) {
+    auto* box = named(new QCheckBox, name, true);
+    box->setChecked(shown);
+    connect(box, &QCheckBox::toggled, this, [this, &shown](bool ticked) {
+      shown = ticked;
+      show(session::Redraw::all);
+    });
+    column->addWidget(box);
+  };
+  view_box("Check3", session_.view.Check3);
+  view_box("Check5", session_.view.Check5);
+  view_box("Check2", session_.view.Check2);
+  view_box("Check6", session_.view.Check6);
+  column->addWidget(named(new QCheckBox, "Check8", false));
   auto* size = new QFormLayout;
   form_row(size, "label_text_size", new QComboBox, "Text1");
   form_row(size, "label_interval", new QComboBox, "Combo8");
