@@ -17,7 +17,7 @@ namespace {
 
 std::string little(std::uint32_t value, int bytes) {
   std::string text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(i < 4 ? value >> (8 * i) & 0xFF : 0);
   return text;
 }
 
