@@ -17,7 +17,7 @@ namespace {
 
 std::string little(std::uint32_t value, int bytes) {
   std::string text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(i < 4 ? value >> (8 * i) & 0xFF : 0);
   return text;
 }
 
@@ -191,6 +191,13 @@ TEST_F(Qt_pictures, ASizeBeyondMemoryIsTooLarge) {
   bmp.height = -100'000;
   EXPECT_EQ(fault(file_of(bmp)), Picture_fault::too_large);
   bmp.bits = 1;
+  EXPECT_EQ(fault(file_of(bmp)), Picture_fault::too_large);
+}
+
+// 2^31 - 1 each way: four times as many bits as a 64-bit number counts.
+TEST_F(Qt_pictures, ASizeBeyondAnyNumberIsTooLarge) {
+  Bmp bmp = chequers();
+  bmp.width = bmp.height = 0x7FFFFFFF;
   EXPECT_EQ(fault(file_of(bmp)), Picture_fault::too_large);
 }
 

@@ -20,11 +20,12 @@ QImage::Format format_of(int depth) {
 
 // The bytes that a picture of this measure takes once it is decoded. The reader tells the depth only for some formats;
 // what it doesn't tell counts as 32 bits, and so does what is brought to 32 bits. Of a bitmap beyond 16384 x 16384
-// pixels, which it refuses, it tells none: that is too large at 32 bits.
-std::int64_t decoded_bytes(const QImageReader& reader, QSize size) {
+// pixels, which it refuses, it tells none: that is too large at 32 bits. A double, since what a broken header tells may
+// be more than any whole number holds.
+double decoded_bytes(const QImageReader& reader, QSize size) {
   const std::int64_t told = QImage(1, 1, reader.imageFormat()).depth();
   const std::int64_t bits = told == 1 || told == 8 ? told : std::max<std::int64_t>(told, 32);
-  return std::int64_t{size.width()} * size.height() * bits / 8;
+  return static_cast<double>(size.width()) * size.height() * static_cast<double>(bits) / 8;
 }
 
 // The reader gives no measure for a bitmap whose rows run from the top.
@@ -92,7 +93,7 @@ Decoded_picture Qt_pictures::decode(std::string_view bytes) {
   if (format != "bmp" && format != "jpeg" && format != "png") return {{}, Picture_fault::unreadable};
   const QSize size = measure_of(reader, bytes);
   if (size.isEmpty()) return {{}, Picture_fault::unreadable};
-  if (decoded_bytes(reader, size) > largest_picture_bytes) return {{}, Picture_fault::too_large};
+  if (decoded_bytes(reader, size) > static_cast<double>(largest_picture_bytes)) return {{}, Picture_fault::too_large};
   if (!is_whole_picture(bytes)) return {{}, Picture_fault::unreadable};
   // Run lengths may leave pixels out: they have index 0, not what lay in memory.
   QImage image;
