@@ -204,6 +204,25 @@ std::string_view text_of(const Contents& contents) {
   return contents ? std::string_view(*contents) : std::string_view();
 }
 
+constexpr std::size_t block = 4096;  // compared at once, which is many times faster than byte by byte
+
+std::size_t common_head(std::string_view a, std::string_view b) {
+  const std::size_t most = std::min(a.size(), b.size());
+  std::size_t same = 0;
+  while (same + block <= most && a.substr(same, block) == b.substr(same, block)) same += block;
+  while (same < most && a[same] == b[same]) ++same;
+  return same;
+}
+
+std::size_t common_tail(std::string_view a, std::string_view b) {
+  const std::size_t most = std::min(a.size(), b.size());
+  std::size_t same = 0;
+  while (same + block <= most && a.substr(a.size() - same - block, block) == b.substr(b.size() - same - block, block))
+    same += block;
+  while (same < most && a[a.size() - same - 1] == b[b.size() - same - 1]) ++same;
+  return same;
+}
+
 // The other content of a change. False when it is not the one that `target` tells.
 bool exchange_middle(const Change& change, const Content_stamp& target, std::string_view middle, Contents& contents) {
   if (!target.exists) {
@@ -226,12 +245,8 @@ bool exchange_middle(const Change& change, const Content_stamp& target, std::str
 
 Change difference(const std::string& path, const Contents& before, std::optional<std::string_view> after, Keep keep) {
   const std::string_view old = text_of(before), made = after.value_or(std::string_view());
-  const std::size_t shorter = std::min(old.size(), made.size());
-  const auto differs = std::mismatch(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(shorter), made.begin());
-  const std::size_t head = static_cast<std::size_t>(differs.first - old.begin());
-  const std::size_t rest = shorter - head;
-  const auto ends = std::mismatch(old.rbegin(), old.rbegin() + static_cast<std::ptrdiff_t>(rest), made.rbegin());
-  const std::size_t tail = static_cast<std::size_t>(ends.first - old.rbegin());
+  const std::size_t head = common_head(old, made);
+  const std::size_t tail = common_tail(old.substr(head), made.substr(head));
   Change change;
   change.path = path;
   change.before = stamp_of(before);

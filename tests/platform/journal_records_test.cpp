@@ -50,6 +50,20 @@ TEST(Journal_difference, GoesBackAndForth) {
     }
 }
 
+// Contents are compared by blocks of 4096 bytes: differences on both sides of their bounds.
+TEST(Journal_difference, FindsADifferenceAtEveryBoundOfABlock) {
+  const std::string bytes(3 * 4096, 'x');
+  for (const std::size_t at : {0u, 1u, 4095u, 4096u, 4097u, 8191u, 8192u, 12287u}) {
+    std::string other = bytes;
+    other[at] = 'y';
+    const Change change = difference("x", bytes, other, Keep::both);
+    EXPECT_EQ(change.head, at);
+    EXPECT_EQ(change.tail, bytes.size() - at - 1);
+    EXPECT_EQ(change.after_middle, "y");
+  }
+  EXPECT_EQ(difference("x", bytes, bytes + "x", Keep::both).head, bytes.size());
+}
+
 TEST(Journal_difference, RefusesAnyOtherContent) {
   const Change change = difference("x", "old text", "new text", Keep::both);
   for (const Contents& other : {Contents(), Contents(""), Contents("new texT"), Contents("old text")}) {
