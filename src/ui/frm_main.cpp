@@ -13,13 +13,12 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <new>
 #include <utility>
 
 #include "core/language.h"
 #include "core/session/start_up.h"
-#include "platform/failures.h"
 #include "ui/canvas_view.h"
+#include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/toolkit_text.h"
 
@@ -108,20 +107,7 @@ void Frm_main::connect_all() {
 }
 
 void Frm_main::guarded(const std::function<void()>& procedure) {
-  try {
-    procedure();
-    return;
-  } catch (const platform::File_failure& failure) {
-    ports_.prompts.message(std::string("ファイルを読み書きできませんでした: ") + failure.what(),
-                           std::string("A file could not be read or written: ") + failure.what());
-  } catch (const platform::Failure& failure) {
-    ports_.prompts.message(std::string("この操作を中断しました: ") + failure.what(),
-                           std::string("This operation was ended: ") + failure.what());
-  } catch (const std::bad_alloc&) {
-    ports_.prompts.message("メモリが足りないため、この操作を中断しました。",
-                           "This operation was ended because there is not enough memory.");
-  }
-  show_all();
+  if (!ui::guarded(ports_.prompts, procedure)) show_all();
 }
 
 void Frm_main::perform(const std::function<session::Redraw()>& procedure) {
