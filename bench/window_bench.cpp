@@ -100,15 +100,18 @@ double resident_megabytes() {
   return pages * 4096 / 1e6;
 }
 
+// Made at the first use and ended by main, while the toolkit still stands.
+std::unique_ptr<World> shared_world;
+
 World& mosaic_world() {
-  static auto world = [] {
-    auto made = std::make_unique<World>();
-    write_sheets(made->folder);
-    made->open();
-    session::chizu_out(made->session, made->ports, session::row_of(made->session.sheets, "54390000"));
-    return made;
-  }();
-  return *world;
+  if (!shared_world) {
+    shared_world = std::make_unique<World>();
+    World& made = *shared_world;
+    write_sheets(made.folder);
+    made.open();
+    session::chizu_out(made.session, made.ports, session::row_of(made.session.sheets, "54390000"));
+  }
+  return *shared_world;
 }
 
 void start_with_3000_sheets(benchmark::State& state) {
@@ -147,6 +150,7 @@ BENCHMARK(open_nine_sheets)->Unit(benchmark::kMillisecond)->Iterations(3);
 void pan_step(benchmark::State& state) {
   World& world = mosaic_world();
   for (int i = 0; i < state.range(0); ++i) emit world.canvas->wheel_turned(1, 0, 0);
+  world.canvas->map_changed();
   int at = 0;
   for (auto _ : state) {
     at = at == 0 ? 1 : 0;
@@ -175,7 +179,7 @@ void full_repaint(benchmark::State& state) {
   World& world = mosaic_world();
   for (int i = 0; i < state.range(0); ++i) emit world.canvas->wheel_turned(1, 0, 0);
   for (auto _ : state) {
-    world.canvas->map_changed();
+    world.canvas->map_changed();  // smooth
     world.canvas->repaint();
   }
   for (int i = 0; i < state.range(0); ++i) emit world.canvas->wheel_turned(-1, 0, 0);
@@ -190,5 +194,6 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
+  shared_world.reset();
   return 0;
 }

@@ -13,7 +13,7 @@ if(MSVC)
 else()
   # g++ 12 sees an overlap in `"text" + std::string` at -O3 that is not there (GCC bug 105651).
   target_compile_options(terranote_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-  # No fused multiply-add: the told single and double arithmetic must give the same bits on every machine.
+  # No fused multiply-add: the single and double arithmetic must give the same bits on every machine.
   target_compile_options(terranote_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
                          -Woverloaded-virtual -Werror -ffp-contract=off)
 endif()

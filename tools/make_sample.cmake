@@ -25,8 +25,9 @@ if(TERRANOTE_TESTS)
   find_package(GTest REQUIRED)
   add_executable(make_sample_test
     make_sample/tests/folders_test.cpp make_sample/tests/ground_test.cpp make_sample/tests/main.cpp
-    make_sample/tests/observations_test.cpp make_sample/tests/place_test.cpp)
-  target_link_libraries(make_sample_test PRIVATE terranote_options terranote_sample terranote_maps GTest::gtest)
+    make_sample/tests/observations_test.cpp make_sample/tests/place_test.cpp make_sample/tests/registry_test.cpp)
+  target_link_libraries(make_sample_test PRIVATE terranote_options terranote_sample terranote_observations
+                        GTest::gtest)
   target_include_directories(make_sample_test PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   add_test(NAME make_sample COMMAND make_sample_test)
   set_tests_properties(make_sample PROPERTIES TIMEOUT 300)

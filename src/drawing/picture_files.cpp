@@ -1,7 +1,6 @@
 #include "drawing/picture_files.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 
 #include "platform/failures.h"
@@ -105,17 +104,18 @@ bool convert(platform::Files& files, platform::Pictures& pictures, const std::st
   return !picture.empty() && write_file(files, target, pictures.encode(picture, format, quality));
 }
 
-constexpr std::array<std::string_view, 22> device_names{"con",  "prn",  "aux",  "nul",  "com1", "com2", "com3", "com4",
-                                                        "com5", "com6", "com7", "com8", "com9", "lpt1", "lpt2", "lpt3",
-                                                        "lpt4", "lpt5", "lpt6", "lpt7", "lpt8", "lpt9"};
 constexpr std::size_t longest_name = 200;  // bytes, with room for an ending
 
 // The name without an ending that it will get anyway.
 std::string bare_name(const std::string& text, std::string_view ending) {
-  const std::string name = platform::trim_text(text);
+  std::string name = platform::trim_text(text);
   if (name.size() <= ending.size() || !platform::same_name(name.substr(name.size() - ending.size()), ending))
     return name;
   return name.substr(0, name.size() - ending.size());
+}
+
+std::string ending_of(const Image_save_boxes& boxes) {
+  return boxes.Option3 ? ".png" : boxes.Option2 ? ".jpg" : ".bmp";
 }
 
 // Gives \bmp.bmp the chosen name.
@@ -174,27 +174,27 @@ bool bmp_to_png(platform::Files& files, platform::Pictures& pictures, const std:
 }
 
 bool is_file_name(std::string_view text) {
-  if (text.empty() || text.size() > longest_name || text.back() == '.' || text.back() == ' ') return false;
-  const bool has_forbidden = std::any_of(text.begin(), text.end(), [](char byte) {
-    return static_cast<unsigned char>(byte) < ' ' ||
-           std::string_view("\\/:*?\"<>|").find(byte) != std::string_view::npos;
-  });
-  const std::string_view base = text.substr(0, text.find('.'));
-  const bool is_device = std::any_of(device_names.begin(), device_names.end(),
-                                     [base](std::string_view name) { return platform::same_name(base, name); });
-  return !has_forbidden && !is_device;
+  const auto is_forbidden = [](char byte) {
+    return static_cast<unsigned char>(byte) < ' ' || std::string_view("*?\"<>|").find(byte) != std::string_view::npos;
+  };
+  return platform::stays_inside(text) && text.size() <= longest_name && text.back() != '.' && text.back() != ' ' &&
+         std::none_of(text.begin(), text.end(), is_forbidden);
+}
+
+std::string image_path(const Image_save_boxes& boxes) {
+  const std::string ending = ending_of(boxes);
+  const std::string name = bare_name(boxes.Text16, ending);
+  return is_file_name(name) ? platform::join_path(boxes.Dir2, name + ending) : std::string{};
 }
 
 bool Command29(platform::Files& files, platform::Pictures& pictures, platform::Prompts& prompts, const Picture& canvas,
                const Image_save_boxes& boxes) {
-  const std::string ending = boxes.Option3 ? ".png" : boxes.Option2 ? ".jpg" : ".bmp";
-  const std::string name = bare_name(boxes.Text16, ending);
-  if (!is_file_name(name)) {
+  const std::string chosen = image_path(boxes);
+  if (chosen.empty()) {
     prompts.message({"ファイル名に使えない名前です。", "This name can't be used as a file name."});
     return false;
   }
   const std::string first = platform::join_path(boxes.Dir2, "bmp.bmp");
-  const std::string chosen = platform::join_path(boxes.Dir2, name + ending);
   if (!save_bmp(files, prompts, canvas, first, 24)) return false;
   const bool done = boxes.Option3   ? bmp_to_png(files, pictures, first, chosen)
                     : boxes.Option2 ? bmp_to_jpg(files, pictures, first, chosen)

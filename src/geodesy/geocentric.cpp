@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "geodesy/arithmetic.h"
+
 namespace geodesy {
 namespace {
 
@@ -50,7 +52,7 @@ Position shift_3parameters(double latitude, double longitude) {
   centred.y += 507.337;
   centred.z += 680.507;
   const Geodetic shifted = to_geodetic(grs80, centred);
-  return {shifted.latitude * degrees_per_radian, shifted.longitude * degrees_per_radian};
+  return {finite(shifted.latitude * degrees_per_radian), finite(shifted.longitude * degrees_per_radian)};
 }
 
 }  // namespace geodesy

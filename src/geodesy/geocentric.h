@@ -28,6 +28,7 @@ struct Position {
 
 // A position on the Tokyo datum (Bessel) to JGD2000 (GRS-80) by the shift at the triangulation point Tokyo Taisho, at
 // height 0. Good to some ten metres over the country; for where the parameter table has no entry.
+// Division_failure for angles that are no finite numbers.
 Position shift_3parameters(double latitude, double longitude);
 
 }  // namespace geodesy

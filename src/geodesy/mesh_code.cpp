@@ -4,6 +4,7 @@
 
 #include "geodesy/arithmetic.h"
 #include "platform/numbers.h"
+#include "platform/utf8.h"
 
 namespace geodesy {
 namespace {
@@ -42,18 +43,6 @@ Second_level_cell second_level_cell(double lat_d, double lat_m, double lat_s, do
 
 std::string ten_digits(const Second_level_cell& cell, double lat_step, double lon_step) {
   return cell.first + cell.second + two_digits(cell.lat_rest / lat_step) + two_digits(cell.lon_rest / lon_step);
-}
-
-// The bytes of the characters `from` to `from + count - 1` (counted from 1) of a UTF-8 text.
-std::string_view characters(std::string_view text, int from, int count) {
-  const auto start_of = [text](int number) {
-    std::size_t at = 0;
-    for (int seen = 0; at < text.size(); ++at)
-      if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && ++seen == number) break;
-    return at;
-  };
-  const std::size_t begin = start_of(from);
-  return text.substr(begin, start_of(from + count) - begin);
 }
 
 void split(double t, bool whole_seconds, float& d_out, float& m_out, float& s_out) {
@@ -101,10 +90,11 @@ std::string mesh_code_24x40(float lat_d, float lat_m, float lat_s, float lon_d, 
 }
 
 Mesh_origin mesh_code_origin(std::string_view code) {
-  const auto value = [code](int from, int count) { return platform::val(characters(code, from, count)); };
+  const auto value = [code](std::size_t from, std::size_t count) {
+    return platform::val(platform::cut_characters(code, from, count));
+  };
   Mesh_origin origin{value(1, 2) / 1.5 * 3600 + value(5, 1) * 300, (value(3, 2) + 100) * 3600 + value(6, 1) * 450};
-  const bool exactly_8 = !characters(code, 8, 1).empty() && characters(code, 9, 1).empty();
-  if (exactly_8) {
+  if (platform::character_count(code) == 8) {
     origin.lat_seconds += value(7, 1) * 30;
     origin.lon_seconds += value(8, 1) * 45;
   }

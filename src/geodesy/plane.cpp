@@ -29,8 +29,8 @@ int point_side(Point p, Point a, Point b) {
   const double right = finite(dy2 * dx1);
   if (left < right) return 1;
   if (left > right) return -1;
-  const bool same_way = dx2 * dx1 >= 0 && dy2 * dy1 >= 0;
-  return same_way && dx2 * dx2 + dy2 * dy2 <= dx1 * dx1 + dy1 * dy1 ? 2 : 0;
+  const bool same_way = finite(dx2 * dx1) >= 0 && finite(dy2 * dy1) >= 0;
+  return same_way && finite(dx2 * dx2 + dy2 * dy2) <= finite(dx1 * dx1 + dy1 * dy1) ? 2 : 0;
 }
 
 bool point_in_triangle(Point p, Point a, Point b, Point c) {

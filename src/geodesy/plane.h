@@ -10,6 +10,7 @@ struct Point {
 
 // With a = A - P and b = B - P turning from a to b: 1 when counter-clockwise (b.x * a.y < b.y * a.x), -1 when
 // clockwise. In one line: 2 when B lies on A's side of P and no further away than A (B equal to P too), otherwise 0.
+// Division_failure where the products overflow.
 int point_side(Point p, Point a, Point b);
 
 // True for a point inside the triangle (of either turning), on an edge or on a vertex; false on the prolongation of an

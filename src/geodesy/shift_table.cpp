@@ -9,6 +9,7 @@
 #include "platform/code_page_932.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
+#include "platform/utf8.h"
 
 namespace geodesy {
 namespace {
@@ -111,11 +112,8 @@ bool fits(const Row& row) {
 }
 
 std::string version_of(std::string_view header) {
-  const std::string text = platform::decode_932(header);
-  std::size_t at = 0;
-  for (int character = 0; at < text.size(); ++at)
-    if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && ++character == 20) break;
-  return text.substr(at);
+  constexpr std::size_t first_character = 20;
+  return std::string(platform::cut_characters(platform::decode_932(header), first_character));
 }
 
 }  // namespace

@@ -90,10 +90,6 @@ constexpr std::array<Quarter, 4> quarters{{
     {"55", "北東部"},
 }};
 
-bool is_digits(std::string_view text) {
-  return text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 std::string quarter_name(const Catalogue& catalogue, std::string_view stem, std::string_view language) {
   const int row = catalogue_row(catalogue, stem.substr(0, 6));
   if (row == 0) return std::string(stem);
@@ -125,12 +121,16 @@ Corner_texts catalogue_corners(const Sheet_row& row) {
   return {"N" + row.corners.lat_a, "E" + row.corners.lon_a, "N" + row.corners.lat_b, "E" + row.corners.lon_b};
 }
 
+bool is_code(std::string_view stem, std::size_t digits) {
+  return stem.size() == digits && stem.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 Sheet_name chikeizu_name_get(const Catalogue& catalogue, std::string_view file_name, std::string_view language) {
   const std::size_t dot = file_name.find('.');
   if (dot == std::string_view::npos) return {};
   const std::string stem(file_name.substr(0, dot));
   if (const int row = catalogue_row(catalogue, stem); row > 0) return {stem, catalogue.rows[row].name};
-  if (stem.size() == 8 && is_digits(stem)) return {stem, quarter_name(catalogue, stem, language)};
+  if (is_code(stem, 8)) return {stem, quarter_name(catalogue, stem, language)};
   return {stem, stem};
 }
 

@@ -50,6 +50,9 @@ int catalogue_row(const Catalogue& catalogue, std::string_view code);
 // The corner texts of a 1:25,000 row; without letters when the row had none.
 Corner_texts catalogue_corners(const Sheet_row& row);
 
+// Whether a stem is a mesh code of so many digits: six for a whole sheet, eight for a quarter.
+bool is_code(std::string_view stem, std::size_t digits);
+
 struct Sheet_name {
   std::string stem;     // up to the first "."; empty when the file name has none
   std::string display;  // the name that the list shows

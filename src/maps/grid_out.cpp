@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/utf8.h"
+
 namespace maps {
 namespace {
-
-// Characters, not bytes: the bytes of UTF-8 that begin one.
-std::ptrdiff_t characters(const std::string& text) {
-  return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; });
-}
 
 // A canvas without a width shows everything.
 bool is_in_window(const Canvas& canvas, const drawing::Rect& rect) {
@@ -52,7 +49,7 @@ void draw_grid(drawing::Surface& surface, Canvas& canvas, int n) {
 
 int grid_divisions(const std::string& stem, int option5) {
   if (option5 == folder_50000) return 20;
-  return characters(stem) >= 8 ? 5 : 10;  // the "." of "53393551.bmp" stands after position 8
+  return platform::character_count(stem) >= 8 ? 5 : 10;  // the "." of "53393551.bmp" stands after position 8
 }
 
 drawing::Rect sheet_rectangle(Canvas& canvas) {

@@ -22,10 +22,6 @@ struct Sheet_extent {
 constexpr Sheet_extent whole_extent{300, 450};
 constexpr Sheet_extent quarter_extent{150, 225};
 
-bool is_digits(std::string_view text) {
-  return text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 Corner_texts quarter_corners(std::string_view stem) {
   const geodesy::Mesh_origin south_west = geodesy::mesh_code_origin(stem);
   return corner_texts_of_seconds(static_cast<float>(south_west.lat_seconds + quarter_extent.lat),
@@ -87,6 +83,10 @@ Tile_result decode_tile(platform::Pictures& pictures, std::string bytes) {
   return result;
 }
 
+// A file longer than the largest picture in memory is not read to find that out; its headers and palette are allowed
+// for.
+constexpr std::int64_t largest_file_bytes = platform::largest_picture_bytes + (1 << 20);
+
 std::optional<std::string> file_bytes(platform::Files& files, const std::string& path) {
   try {
     return files.read_bytes(path);
@@ -147,6 +147,12 @@ void load_tiles(platform::Files& files, platform::Pictures& pictures, const std:
   };
   for (const Tile_load& load : loads) {
     if (running.size() == at_once) finish_first();
+    if (load.origin.length > largest_file_bytes) {
+      running.emplace_back(&load, std::async(std::launch::deferred, [] {
+        return Tile_result{{}, platform::Picture_fault::too_large};
+      }));
+      continue;
+    }
     std::optional<std::string> bytes = file_bytes(files, load.origin.path);
     running.emplace_back(&load, bytes
                                     ? std::async(std::launch::async, decode_tile, std::ref(pictures), std::move(*bytes))
@@ -164,9 +170,9 @@ std::string stem_of(std::string_view entry) {
 }
 
 Sheet_kind sheet_kind(const Catalogue& catalogue, std::string_view stem, int option5) {
-  if (option5 != folder_25000 || !is_digits(stem)) return Sheet_kind::free;
-  if (stem.size() == 8) return Sheet_kind::quarter;
-  return stem.size() == 6 && catalogue_row(catalogue, stem) > 0 ? Sheet_kind::whole : Sheet_kind::free;
+  if (option5 != folder_25000) return Sheet_kind::free;
+  if (is_code(stem, 8)) return Sheet_kind::quarter;
+  return is_code(stem, 6) && catalogue_row(catalogue, stem) > 0 ? Sheet_kind::whole : Sheet_kind::free;
 }
 
 std::array<std::string, mosaic_slots> tile_names(const Catalogue& catalogue, std::string_view stem, int option5) {

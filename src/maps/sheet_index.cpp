@@ -46,10 +46,6 @@ Index_sheet placed_by_corners(const Corner_texts& corners) {
                 std::max(at.lon_a, at.lon_b));
 }
 
-bool is_code(std::string_view stem, std::size_t length) {
-  return stem.size() == length && stem.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 Index_sheet place_of(platform::Files& files, const std::string& folder, const std::string& stem) {
   Corner_texts corners;
   if (is_code(stem, 6)) return cell_of_code(stem);

@@ -66,7 +66,7 @@ fs::path find_from(Folder_listings& listings, const fs::path& path) {
 }  // namespace
 
 fs::path find_path(Folder_listings& listings, std::string_view path) {
-  const fs::path written = machine_path(path);
+  fs::path written = machine_path(path);
   if (machine_folds_case || written.empty() || path.size() > longest_path || exists_as_written(written)) return written;
   const std::lock_guard lock(listings.mutex);
   return find_from(listings, written);

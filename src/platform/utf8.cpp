@@ -1,6 +1,16 @@
 #include "platform/utf8.h"
 
 namespace platform {
+namespace {
+
+// The byte at which so many characters are passed, or the end of the text.
+std::size_t behind_characters(std::string_view text, std::size_t count) {
+  std::size_t at = 0;
+  for (std::size_t passed = 0; passed < count && at < text.size(); ++passed) at += character_at(text, at).length;
+  return at;
+}
+
+}  // namespace
 
 Utf8_character character_at(std::string_view text, std::size_t at) {
   const auto byte = [&](std::size_t i) -> char32_t {
@@ -19,6 +29,17 @@ Utf8_character character_at(std::string_view text, std::size_t at) {
     if (code >= 0x10000 && code <= 0x10FFFF) return {code, 4};
   }
   return {};
+}
+
+std::size_t character_count(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); ++count) at += character_at(text, at).length;
+  return count;
+}
+
+std::string_view cut_characters(std::string_view text, std::size_t from, std::size_t count) {
+  if (from > 1) text.remove_prefix(behind_characters(text, from - 1));
+  return text.substr(0, behind_characters(text, count));
 }
 
 void append_character(std::string& text, char32_t code) {

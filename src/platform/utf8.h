@@ -19,6 +19,12 @@ struct Utf8_character {
 // what lies beyond U+10FFFF are no UTF-8.
 Utf8_character character_at(std::string_view text, std::size_t at);
 
+// The number of characters of a text.
+std::size_t character_count(std::string_view text);
+
+// `count` characters (or as many as there are) from character `from` on, counted from 1.
+std::string_view cut_characters(std::string_view text, std::size_t from, std::size_t count = std::string_view::npos);
+
 // `code` is one that character_at can give.
 void append_character(std::string& text, char32_t code);
 

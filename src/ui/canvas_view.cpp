@@ -109,6 +109,7 @@ QImage Canvas_view::map_image() {
 }
 
 void Canvas_view::use_tool_cursor(const QCursor& cursor) {
+  if (tool_cursor_ == cursor) return;  // at each move of the mouse
   tool_cursor_ = cursor;
   if (!one_to_one_ && !space_held_) setCursor(cursor);
 }

@@ -19,6 +19,7 @@ Folder_box::Folder_box(const QString& name, QWidget* parent)
   row->addWidget(edit_, 1);
   row->addWidget(button_);
   setFocusProxy(edit_);
+  setFocusPolicy(edit_->focusPolicy());  // otherwise the letter of the label beside the box does nothing
   start_folder = [](const QString& text) { return text; };
   pick = [this](const QString& start) { return QFileDialog::getExistingDirectory(window(), title_, start); };
   connect(button_, &QPushButton::clicked, this, &Folder_box::browse);

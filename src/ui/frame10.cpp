@@ -20,7 +20,6 @@ namespace {
 
 const platform::Message overwrite{"同じ名前のファイルがあります。上書きしますか。",
                                   "There is a file of that name. Do you want to replace it?"};
-constexpr const char* endings[] = {".bmp", ".jpg", ".png"};
 
 }  // namespace
 
@@ -85,9 +84,8 @@ void Frame10_dialog::Command29() {
   boxes.Option1 = Option_[0]->isChecked();
   boxes.Option2 = Option_[1]->isChecked();
   boxes.Option3 = Option_[2]->isChecked();
-  const char* const ending = endings[boxes.Option3 ? 2 : boxes.Option2 ? 1 : 0];
-  const std::string target = platform::join_path(boxes.Dir2, boxes.Text16 + ending);
-  if (ports_.files.length(target) > 0 && !ports_.prompts.yes_no(overwrite)) return;
+  const std::string target = drawing::image_path(boxes);
+  if (!target.empty() && ports_.files.length(target) > 0 && !ports_.prompts.yes_no(overwrite)) return;
   setCursor(Qt::WaitCursor);
   const platform::Picture canvas = platform::picture_of(picture_());
   const bool saved = drawing::Command29(ports_.files, ports_.pictures, ports_.prompts, canvas, boxes);

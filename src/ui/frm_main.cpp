@@ -1,5 +1,6 @@
 #include "ui/frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEvent>
 #include <QGridLayout>
@@ -12,12 +13,12 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <new>
+#include <utility>
 
 #include "core/language.h"
 #include "core/session/start_up.h"
-#include "platform/failures.h"
 #include "ui/canvas_view.h"
+#include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/toolkit_text.h"
 
@@ -46,7 +47,7 @@ Frm_main::Frm_main(session::Session& session, session::Ports& ports) : session_(
   apply_design_captions();
   apply_captions();
   fill_lists();
-  show_state();
+  show_all();
 }
 
 Frm_main::~Frm_main() = default;
@@ -106,33 +107,25 @@ void Frm_main::connect_all() {
 }
 
 void Frm_main::guarded(const std::function<void()>& procedure) {
-  try {
-    procedure();
-  } catch (const platform::File_failure& failure) {
-    ports_.prompts.message(std::string("ファイルを読み書きできませんでした: ") + failure.what(),
-                           std::string("A file could not be read or written: ") + failure.what());
-    show(session::Redraw::all);
-  } catch (const platform::Failure& failure) {
-    ports_.prompts.message(std::string("この操作を中断しました: ") + failure.what(),
-                           std::string("This operation was ended: ") + failure.what());
-    show(session::Redraw::all);
-  } catch (const std::bad_alloc&) {
-    ports_.prompts.message("メモリが足りないため、この操作を中断しました。",
-                           "This operation was ended because there is not enough memory.");
-    show(session::Redraw::all);
-  }
+  if (!ui::guarded(ports_.prompts, procedure)) show_all();
+}
+
+void Frm_main::perform(const std::function<session::Redraw()>& procedure) {
+  guarded([&] { show(procedure()); });
 }
 
 void Frm_main::show(session::Redraw redraw) {
   if (redraw == session::Redraw::none) return;
-  if (redraw == session::Redraw::all) {
-    canvas_->map_changed();
-    show_state();
-  }
+  if (redraw == session::Redraw::all) canvas_->map_changed();
   if (redraw == session::Redraw::view) canvas_->view_moved();
   if (redraw == session::Redraw::overlay) canvas_->overlay_changed();
   bars_to_widgets();
   show_tool();
+}
+
+void Frm_main::show_all() {
+  show_state();
+  show(session::Redraw::all);
 }
 
 // What can be used depends on whether a sheet is drawn.
@@ -146,7 +139,6 @@ void Frm_main::show_state() {
   VScroll1_->setEnabled(shown);
   setWindowTitle(to_toolkit(session::window_caption(session_)));
   show_project();
-  show_tool();
 }
 
 bool Frm_main::japanese() const {
@@ -157,9 +149,16 @@ QString Frm_main::either(const char* japanese_text, const char* english_text) co
   return QString::fromUtf8(japanese() ? japanese_text : english_text);
 }
 
+// The return from a message is no return from a dialog: a message of the activation itself would come up for ever.
 void Frm_main::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible()) activate();
+  if (event->type() != QEvent::ActivationChange || !isVisible()) return;
+  if (isActiveWindow()) {
+    if (!std::exchange(left_for_message_, false)) activate();
+    return;
+  }
+  const QWidget* const modal = QApplication::activeModalWidget();
+  left_for_message_ = modal && modal->objectName() == "message";
 }
 
 // Closing the window by its frame asks nothing, unsaved entries or not.

@@ -51,7 +51,11 @@ class Frm_main : public QMainWindow {
   void connect_all();
   // Runs a procedure of the logic; a failure that ends it is told in one sentence, and the window goes on.
   void guarded(const std::function<void()>& procedure);
+  // The same, and shows what the procedure says must be drawn again.
+  void perform(const std::function<session::Redraw()>& procedure);
   void show(session::Redraw redraw);
+  // After another sheet, other settings or another language: what can be used, captions of the project, the whole map.
+  void show_all();
   void show_state();
   bool japanese() const;
   QString either(const char* japanese_text, const char* english_text) const;
@@ -70,6 +74,7 @@ class Frm_main : public QMainWindow {
   QWidget* build_Frame5();
   void show_tab(int index);
   void fill_lists();
+  void fill_kinds_and_strata();
   void show_project();
 
   // frm_main_sheets.cpp
@@ -79,6 +84,7 @@ class Frm_main : public QMainWindow {
   void open_row(int row);
   void open_current_row();
   void list_clicked();
+  void open_first_found();
   void settings_saved();
   void open_settings();
   void open_picture_save();
@@ -120,6 +126,8 @@ class Frm_main : public QMainWindow {
   QListView* List1_ = nullptr;
   QListView* List2_ = nullptr;
   QLineEdit* list_filter_ = nullptr;
+  QToolButton* zoom_box_tool_ = nullptr;
+  QToolButton* section_tool_ = nullptr;
   Sheet_model* list_model_ = nullptr;
   QSortFilterProxyModel* list_shown_ = nullptr;
   QTimer* list_delay_ = nullptr;
@@ -135,8 +143,9 @@ class Frm_main : public QMainWindow {
   QLabel* shown_folder_ = nullptr;
   class QListWidget* shown_files_ = nullptr;
   Frame2_dialog* settings_ = nullptr;
-  bool settings_left_ = false;  // the basic settings were closed in this run
-  bool filling_ = false;  // the program itself sets widgets now
+  bool settings_left_ = false;     // the basic settings were closed in this run
+  bool left_for_message_ = false;  // the window is inactive since a message stands over it
+  bool filling_ = false;           // the program itself sets widgets now
 };
 
 }  // namespace ui

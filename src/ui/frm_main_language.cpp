@@ -106,7 +106,7 @@ void Frm_main::switch_language(const std::string& language) {
     apply_captions();
     fill_lists();
     if (settings_) settings_->Language_set();
-    show(session::Redraw::all);
+    show_all();
   });
 }
 

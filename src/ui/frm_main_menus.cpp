@@ -25,7 +25,8 @@ void Frm_main::build_menus() {
   file->setObjectName("menu_file");
   connect(add_action(file, "menu_settei", true), &QAction::triggered, this, &Frm_main::open_settings);
   file->addSeparator();
-  add_action(file, "menu_web_henkann", false);
+  connect(add_action(file, "menu_web_henkann", true), &QAction::triggered, this,
+          [this] { session::menu_web_henkann(session_, ports_); });
   add_action(file, "menu_chikeizu_tuika", false);
   add_action(file, "menu_ninni_tuika", false);
   file->addSeparator();
@@ -127,8 +128,10 @@ void Frm_main::build_tool_bar() {
   add("Command25", Icon::section, [this] { start_section_line(); });
   bar->addSeparator();
   add("Main_act_0", Icon::save_range, [this] { open_picture_save(); });
-  findChild<QToolButton*>("Command19")->setCheckable(true);
-  findChild<QToolButton*>("Command25")->setCheckable(true);
+  zoom_box_tool_ = findChild<QToolButton*>("Command19");
+  section_tool_ = findChild<QToolButton*>("Command25");
+  zoom_box_tool_->setCheckable(true);
+  section_tool_->setCheckable(true);
 }
 
 }  // namespace ui

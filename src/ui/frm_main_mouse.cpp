@@ -35,7 +35,7 @@ void Frm_main::connect_canvas() {
   connect(canvas_, &Canvas_view::map_released, this, &Frm_main::map_released);
   connect(canvas_, &Canvas_view::wheel_turned, this, &Frm_main::wheel_turned);
   connect(canvas_, &Canvas_view::dragged_one_to_one, this,
-          [this](double dx, double dy) { show(session::pan_one_to_one(session_, dx, dy)); });
+          [this](double dx, double dy) { perform([&] { return session::pan_one_to_one(session_, dx, dy); }); });
   connect(canvas_, &Canvas_view::mouse_left, this, [this] {
     for (QLabel* panel : {status_x_, status_y_, status_latitude_, status_longitude_}) panel->clear();
   });
@@ -50,16 +50,13 @@ void Frm_main::canvas_measured() {
 
 void Frm_main::map_pressed(int button, double x, double y) {
   if (!session_.sheet_shown()) return;
-  guarded([&] {
-    const session::Mouse_result result = session::mouse_press(session_, ports_, tools_, {button_of(button), x, y});
-    show(result.redraw);
-    show_tool();
-  });
+  perform([&] { return session::mouse_press(session_, ports_, tools_, {button_of(button), x, y}).redraw; });
+  show_tool();
 }
 
 void Frm_main::map_moved(double x, double y) {
   if (!session_.sheet_shown()) return;
-  show(session::mouse_move(session_, x, y).redraw);
+  perform([&] { return session::mouse_move(session_, x, y).redraw; });
   const session::Position_texts texts = session::position_texts(session_, x, y);
   status_x_->setText("X " + to_toolkit(texts.x));
   status_y_->setText("Y " + to_toolkit(texts.y));
@@ -68,41 +65,41 @@ void Frm_main::map_moved(double x, double y) {
 }
 
 void Frm_main::map_released(int button, double x, double y) {
-  show(session::mouse_release(session_, {button_of(button), x, y}).redraw);
+  perform([&] { return session::mouse_release(session_, {button_of(button), x, y}).redraw; });
 }
 
 void Frm_main::wheel_turned(int steps, double x, double y) {
-  show(session::zoom_wheel(session_, steps, x, y));
+  perform([&] { return session::zoom_wheel(session_, steps, x, y); });
 }
 
 void Frm_main::zoom(bool in) {
-  show(session::zoom(session_, in));
+  perform([&] { return session::zoom(session_, in); });
 }
 
 // A reset selects the sheet again.
 void Frm_main::zoom_reset() {
-  show(session::Command18(session_));
+  perform([&] { return session::Command18(session_); });
 }
 
 // The button of the armed tool, pressed again, ends the tool.
 void Frm_main::start_zoom_box() {
   if (session_.flags.zoom_box_step > 0) return end_tool();
-  show(session::Command19(session_));
+  perform([&] { return session::Command19(session_); });
 }
 
 void Frm_main::start_section_line() {
   if (session_.flags.section_step > 0) return end_tool();
-  show(session::Command25(session_));
+  perform([&] { return session::Command25(session_); });
 }
 
 void Frm_main::end_tool() {
-  guarded([this] { show(session::end_tool(session_, ports_, tools_).redraw); });
+  perform([&] { return session::end_tool(session_, ports_, tools_).redraw; });
   show_tool();
 }
 
 // Moves the picture by a part of the window; positive to the right and down.
 void Frm_main::move_by(double dx, double dy) {
-  show(session::pan_one_to_one(session_, dx * session_.canvas.width, dy * session_.canvas.height));
+  perform([&] { return session::pan_one_to_one(session_, dx * session_.canvas.width, dy * session_.canvas.height); });
 }
 
 void Frm_main::bars_to_widgets() {
@@ -120,7 +117,7 @@ void Frm_main::bars_to_widgets() {
 
 void Frm_main::bar_moved() {
   if (filling_) return;
-  show(session::bars_moved(session_, HScroll1_->value(), VScroll1_->value()));
+  perform([&] { return session::bars_moved(session_, HScroll1_->value(), VScroll1_->value()); });
 }
 
 // The tool in force is seen at the cursor, in the status bar and on its button.
@@ -129,9 +126,8 @@ void Frm_main::show_tool() {
   const session::Tool_hint hint = session::tool_hint(session_);
   const QString text = either(hint.japanese, hint.english);
   if (status_tool_->text() != text) status_tool_->setText(text);
-  for (const auto& [name, armed] :
-       {std::pair{"Command19", flags.zoom_box_step > 0}, {"Command25", flags.section_step > 0}})
-    if (auto* tool = findChild<QToolButton*>(name)) tool->setChecked(armed);
+  zoom_box_tool_->setChecked(flags.zoom_box_step > 0);
+  section_tool_->setChecked(flags.section_step > 0);
   canvas_->use_tool_cursor(hint.armed ? Qt::CrossCursor : Qt::ArrowCursor);
 }
 

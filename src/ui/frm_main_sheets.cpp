@@ -30,8 +30,17 @@ namespace {
 // A row reached with the keyboard opens after the keys have rested.
 constexpr int rest_of_keys = 250;  // milliseconds
 
+// A list that only gets the keyboard chooses no row by itself: the first map comes when a person picks one.
+class Column_view : public QListView {
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QListView::focusInEvent(event);
+    if (!selectionModel()->hasSelection()) selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+  }
+};
+
 QListView* make_column(const char* name, QAbstractItemModel* model, int column) {
-  auto* view = new QListView;
+  QListView* const view = new Column_view;
   view->setObjectName(name);
   view->setModel(model);
   view->setModelColumn(column);
@@ -86,8 +95,9 @@ QWidget* Frm_main::build_sheet_list() {
     connect(list, &QListView::clicked, this, &Frm_main::list_clicked);
     connect(list, &QListView::activated, this, &Frm_main::list_clicked);
   }
-  connect(List1_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
-    if (!filling_) list_delay_->start();
+  // A row is chosen when it is selected; one that is only current isn't.
+  connect(List1_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& chosen) {
+    if (!filling_ && !chosen.isEmpty()) list_delay_->start();
   });
   connect(list_delay_, &QTimer::timeout, this, &Frm_main::open_current_row);
   connect(list_filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -95,6 +105,7 @@ QWidget* Frm_main::build_sheet_list() {
     list_shown_->setFilterFixedString(text);
     filling_ = false;
   });
+  connect(list_filter_, &QLineEdit::returnPressed, this, &Frm_main::open_first_found);
   return panel;
 }
 
@@ -111,11 +122,12 @@ void Frm_main::activate() {
   if (settings_left_ && ports_.files.length(core::settei_path(session_.settings)) == 0) return;
   guarded([this] {
     const session::Activated outcome = session::form_activate(session_, ports_, {false, false});
+    fill_kinds_and_strata();
     if (outcome == session::Activated::nothing) return;
     apply_captions();
     fill_lists();
     show_sheet_list();
-    show(session::Redraw::all);
+    show_all();
     if (outcome == session::Activated::settings_asked) open_settings();
   });
 }
@@ -137,6 +149,16 @@ void Frm_main::list_clicked() {
   open_current_row();
 }
 
+// Enter in the filter opens the first sheet that it left.
+void Frm_main::open_first_found() {
+  if (list_shown_->rowCount() == 0) return;
+  filling_ = true;
+  List1_->setCurrentIndex(list_shown_->index(0, 0));
+  filling_ = false;
+  List1_->setFocus();
+  open_current_row();
+}
+
 void Frm_main::open_current_row() {
   const QModelIndex index = list_shown_->mapToSource(List1_->currentIndex());
   if (index.isValid()) open_row(index.row());
@@ -153,7 +175,7 @@ void Frm_main::open_row(int row) {
       progress_->repaint();
     });
     canvas_measured();
-    show(redraw);
+    if (redraw != session::Redraw::none) show_all();
   });
   progress_->setVisible(false);
   QApplication::restoreOverrideCursor();
@@ -180,16 +202,18 @@ void Frm_main::settings_saved() {
   guarded([this] {
     session::sheet_list_r(session_, ports_);
     show_sheet_list();
-    show(session::Redraw::all);
+    show_all();
     if (session_.sheet_shown() && session_.sheets.selected >= 0) open_row(session_.sheets.selected);
   });
 }
 
 void Frm_main::open_picture_save() {
   if (!session_.sheet_shown()) return;
-  Frame10_dialog dialog(
-      ports_, session_.settings, [this] { return picture_to_save(); }, this);
-  dialog.exec();
+  guarded([this] {
+    Frame10_dialog dialog(
+        ports_, session_.settings, [this] { return picture_to_save(); }, this);
+    dialog.exec();
+  });
 }
 
 // The canvas as a person sees it, but for what follows the mouse.

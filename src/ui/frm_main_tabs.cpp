@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/choice_lists.h"
 #include "ui/canvas_view.h"
@@ -138,15 +139,20 @@ QWidget* Frm_main::build_Frame4() {
 QWidget* Frm_main::build_Frame5() {
   auto* frame = named(new QWidget, "Frame5", true);
   auto* column = new QVBoxLayout(frame);
-  auto* grid = named(new QCheckBox, "Check3", true);
-  grid->setChecked(session_.view.Check3);
-  connect(grid, &QCheckBox::toggled, this, [this](bool ticked) {
-    session_.view.Check3 = ticked;
-    show(session::Redraw::all);
-  });
-  column->addWidget(grid);
-  for (const char* name : {"Check5", "Check2", "Check6", "Check8"})
-    column->addWidget(named(new QCheckBox, name, false));
+  const auto view_box = [&](const char* name, bool& shown) {
+    auto* box = named(new QCheckBox, name, true);
+    box->setChecked(shown);
+    connect(box, &QCheckBox::toggled, this, [this, &shown](bool ticked) {
+      shown = ticked;
+      show(session::Redraw::all);
+    });
+    column->addWidget(box);
+  };
+  view_box("Check3", session_.view.Check3);
+  view_box("Check5", session_.view.Check5);
+  view_box("Check2", session_.view.Check2);
+  view_box("Check6", session_.view.Check6);
+  column->addWidget(named(new QCheckBox, "Check8", false));
   auto* size = new QFormLayout;
   form_row(size, "label_text_size", new QComboBox, "Text1");
   form_row(size, "label_interval", new QComboBox, "Combo8");
@@ -164,18 +170,27 @@ void Frm_main::show_tab(int index) {
 }
 
 void Frm_main::fill_lists() {
-  const std::string& language = session_.settings.language;
-  fill(findChild<QComboBox*>("Combo7"), core::target_kinds(language));
-  fill(findChild<QComboBox*>("Combo1"), core::mark_shapes(language));
+  fill_kinds_and_strata();
+  fill(findChild<QComboBox*>("Combo1"), core::mark_shapes(session_.settings.language));
   fill(findChild<QComboBox*>("Combo3"), core::mark_sizes(), core::mark_size_default);
   fill(findChild<QComboBox*>("Combo8"), core::intervals(), core::interval_default);
-  auto* strata = findChild<QComboBox*>("Combo6");
-  strata->clear();
-  for (const std::string& name : session_.stratum_names) strata->addItem(to_toolkit(name));
   auto* size = findChild<QComboBox*>("Text1");
   size->clear();
   for (const char* text : {"6", "8", "10", "12", "14"}) size->addItem(text);
   size->setCurrentText("8");
+}
+
+// At each return to the window: another dialog may have changed the strata. The choices in force stay.
+void Frm_main::fill_kinds_and_strata() {
+  auto* kinds = findChild<QComboBox*>("Combo7");
+  const int kind = std::max(0, kinds->currentIndex());
+  fill(kinds, core::target_kinds(session_.settings.language));
+  kinds->setCurrentIndex(kind);
+  auto* strata = findChild<QComboBox*>("Combo6");
+  const QString stratum = strata->currentText();
+  strata->clear();
+  for (const std::string& name : session_.stratum_names) strata->addItem(to_toolkit(name));
+  strata->setCurrentIndex(std::max(0, strata->findText(stratum)));
 }
 
 void Frm_main::show_project() {

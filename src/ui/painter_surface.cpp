@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <future>
 
+#include "drawing/picture_scaler.h"
 #include "drawing/sheet_picture.h"
-#include "platform/qt/qt_pictures.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -12,7 +12,7 @@ namespace ui {
 namespace {
 
 // Past this many device pixels a picture is painted in two halves at once.
-constexpr int pixels_worth_two_threads = 200'000;
+constexpr int pixels_worth_two_threads = 100'000;
 
 QColor to_colour(drawing::Colour colour) {
   return QColor::fromRgb(colour);
@@ -32,18 +32,6 @@ QBrush to_brush(const drawing::Fill& fill) {
       return QBrush(colour, Qt::BDiagPattern);
   }
   return Qt::NoBrush;
-}
-
-void paint_picture(QPainter& painter, QRect clip, const QImage& source, const QRectF& target) {
-  painter.setClipRect(clip);
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(target, source);
-}
-
-// A view on some rows of an image; drawing into it draws into the image.
-QImage rows_of(QImage& image, int top, int height) {
-  return QImage(image.scanLine(top), image.width(), height, image.bytesPerLine(), image.format());
 }
 
 }  // namespace
@@ -125,23 +113,21 @@ void Painter_surface::picture(const drawing::Sheet_picture& picture, const drawi
   if (touched.isEmpty()) return;
   const platform::Picture& level =
       picture.levels[static_cast<std::size_t>(drawing::level_for(picture, device.width()))];
-  const QImage source = platform::image_over(level);
+  // The painter holds the same memory; what it was told before stands in it already, since it draws at once.
+  const drawing::Raster raster{reinterpret_cast<std::uint32_t*>(image_.bits()), image_.width(), image_.height(),
+                               static_cast<int>(image_.bytesPerLine() / 4)};
+  const drawing::Rect place{device.x(), device.y(), device.width(), device.height()};
+  const auto paint_rows = [&](int top, int bottom) {
+    drawing::paint_scaled(level, place, raster, {touched.left(), top, touched.right() + 1, bottom});
+  };
+  const int middle = touched.top() + touched.height() / 2;
   if (touched.width() * touched.height() < pixels_worth_two_threads) {
-    painter_.save();
-    paint_picture(painter_, touched, source, device);
-    painter_.restore();
+    paint_rows(touched.top(), touched.bottom() + 1);
     return;
   }
-  const int half = touched.height() / 2;
-  QImage upper = rows_of(image_, touched.top(), half);
-  QImage lower = rows_of(image_, touched.top() + half, touched.height() - half);
-  const auto paint_rows = [&](QImage& rows, int top) {
-    QPainter painter(&rows);
-    paint_picture(painter, {touched.left(), 0, touched.width(), rows.height()}, source, device.translated(0, -top));
-  };
-  auto other = std::async(std::launch::async, [&] { paint_rows(upper, touched.top()); });
-  paint_rows(lower, touched.top() + half);
-  other.get();
+  auto lower_half = std::async(std::launch::async, paint_rows, middle, touched.bottom() + 1);
+  paint_rows(touched.top(), middle);
+  lower_half.get();
 }
 
 }  // namespace ui

@@ -28,11 +28,17 @@ bool is_japanese_text(const QString& text) {
   return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x3000; });
 }
 
+// The window that has the keyboard, a dialog too, so that the keyboard goes back to it.
+QWidget* window_in_use(QWidget* main_window) {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  return main_window;
+}
+
 }  // namespace
 
 Answer Qt_prompts::show(Kind kind, const std::string& text) {
-  QWidget* const active = QApplication::activeModalWidget();
-  QMessageBox box(active ? active : window_);
+  QMessageBox box(window_in_use(window_));
   box.setObjectName("message");
   box.setWindowTitle("Terranote");
   box.setText(to_toolkit(text));
@@ -48,7 +54,11 @@ Answer Qt_prompts::show(Kind kind, const std::string& text) {
     buttons.push_back(box.addButton(QString::fromUtf8(japanese ? choice.japanese : choice.english), choice.role));
   box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
   box.setEscapeButton(buttons.back());
+  // A message in the middle of a long operation is not to be answered with the wait cursor.
+  const bool waiting = QApplication::overrideCursor() != nullptr;
+  if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
   box.exec();
+  if (waiting) QApplication::restoreOverrideCursor();
   for (std::size_t i = 0; i < choices.size(); ++i)
     if (box.clickedButton() == buttons[i]) return choices[i].answer;
   return choices.back().answer;

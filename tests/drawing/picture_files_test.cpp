@@ -174,7 +174,7 @@ TEST_F(Picture_files, Command29DoesNotDoubleAnEndingThatWasTyped) {
 
 TEST_F(Picture_files, Command29RefusesANameThatIsNone) {
   for (const char* name : {"", "  ", "a\\b", "../a", "a:b", "a*", "what?", "\"a\"", "a|b", "<a>", "con", "LPT1.old",
-                           "end.", "tab\there", ".bmp/"}) {
+                           "nul .txt", "end.", "tab\there", ".bmp/"}) {
     prompts.shown.clear();
     EXPECT_FALSE(save(boxes(name))) << name;
     EXPECT_EQ(prompts.shown.size(), 1U) << name;

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "geodesy/sample_rows.h"
+#include "platform/failures.h"
 
 namespace {
 
@@ -67,6 +69,12 @@ TEST(Shift_3parameters, AgreesWithAnIndependentTool) {
     EXPECT_NEAR(position.latitude, row.new_latitude, angle_tolerance);
     EXPECT_NEAR(position.longitude, row.new_longitude, angle_tolerance);
   }
+}
+
+TEST(Shift_3parameters, AnInfinityIsAFailure) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_THROW(shift_3parameters(infinity, 140), platform::Division_failure);
+  EXPECT_THROW(shift_3parameters(36, std::numeric_limits<double>::quiet_NaN()), platform::Division_failure);
 }
 
 TEST(Shift_3parameters, AgreesWithThePublishedPoints) {

@@ -24,6 +24,9 @@ TEST(Point_side, InOneLine) {
 
 TEST(Point_side, OverflowIsAFailure) {
   EXPECT_THROW(point_side({0, 0}, {1e200, 0}, {0, 1e200}), platform::Division_failure);
+  // In one line the comparison of the distances overflows, not the turn.
+  EXPECT_THROW(point_side({0, 0}, {1e200, 0}, {1e200, 0}), platform::Division_failure);
+  EXPECT_THROW(point_side({0, 0}, {0, 1}, {0, 1e200}), platform::Division_failure);
 }
 
 constexpr Point a{0, 0}, b{10, 0}, c{0, 10};

@@ -6,6 +6,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -22,6 +24,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "platform/text_files.h"
 #include "support/fake_ports.h"
+#include "support/fault_files.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 #include "ui/canvas_view.h"
@@ -35,7 +38,8 @@ struct Frm_main : ::testing::Test {
   platform::Qt_pictures pictures;
   support::Recorded_processes processes;
   support::Scripted_prompts prompts;
-  session::Ports ports{files, pictures, prompts, processes};
+  support::Fault_files watched{files};
+  session::Ports ports{watched, pictures, prompts, processes};
   session::Session session;
   std::unique_ptr<ui::Frm_main> window;
 
@@ -96,6 +100,18 @@ TEST_F(Frm_main, ShowsTheSheetListWithoutAClick) {
   EXPECT_EQ(find<QListView>("List2")->model()->index(0, 1).data().toString(), "free");
   EXPECT_FALSE(session.sheet_shown());
   EXPECT_FALSE(find<QAbstractButton>("Command16")->isEnabled());
+}
+
+// A list takes its first row as the current one when it gets the keyboard; nobody has chosen it.
+TEST_F(Frm_main, OpensNoSheetThatNobodyChose) {
+  open("English");
+  find<QListView>("List2")->setFocus();
+  find<QListView>("List1")->setFocus();
+  QTest::qWait(400);
+  EXPECT_FALSE(session.sheet_shown());
+  QTest::keyClick(find<QListView>("List1"), Qt::Key_Down);
+  QTest::qWait(400);
+  EXPECT_EQ(session.current_sheet, "free");
 }
 
 TEST_F(Frm_main, HasEveryNamedWidget) {
@@ -271,10 +287,82 @@ TEST_F(Frm_main, EveryEnabledWidgetThatTakesTheKeyboardHasAName) {
 TEST_F(Frm_main, ARepaintTouchesNoFile) {
   open("English");
   open_sheet();
-  std::filesystem::remove_all(folder.path() / "program" / "map");
   auto* canvas = find<ui::Canvas_view>("Picture1");
+  watched.log.clear();
   canvas->map_changed();
+  canvas->repaint();
   EXPECT_EQ(canvas->map_image().pixelColor(50 + 25, 50 + 25), QColor(10, 200, 30));
+  EXPECT_EQ(watched.log, std::vector<std::string>{});
+}
+
+TEST_F(Frm_main, ZoomPanAndTheRubberBandsTouchNoFile) {
+  open("English");
+  open_sheet();
+  auto* canvas = find<ui::Canvas_view>("Picture1");
+  watched.log.clear();
+  for (int i = 0; i < 8; ++i) find<QAbstractButton>("Command16")->click();
+  QTest::mousePress(canvas, Qt::LeftButton, {}, {300, 300});
+  QTest::mouseMove(canvas, {100, 120});
+  QTest::mouseRelease(canvas, Qt::LeftButton, {}, {100, 120});
+  find<QAbstractButton>("Command19")->click();
+  QTest::mouseClick(canvas, Qt::LeftButton, {}, {100, 100});
+  for (int x = 110; x < 200; x += 10) QTest::mouseMove(canvas, {x, x});
+  QTest::mouseClick(canvas, Qt::LeftButton, {}, {200, 200});
+  find<QAbstractButton>("Command18")->click();
+  QTest::qWait(20);
+  EXPECT_EQ(watched.log, std::vector<std::string>{});
+}
+
+TEST_F(Frm_main, EnterInTheFilterOpensTheFirstSheetThatIsLeft) {
+  open("English");
+  auto* filter = find<QLineEdit>("list_filter");
+  QTest::keyClicks(filter, "nothing of that name");
+  QTest::keyClick(filter, Qt::Key_Return);
+  EXPECT_FALSE(session.sheet_shown());
+  filter->clear();
+  QTest::keyClicks(filter, "FRE");
+  QTest::keyClick(filter, Qt::Key_Return);
+  EXPECT_EQ(session.current_sheet, "free");
+  EXPECT_TRUE(find<QListView>("List1")->hasFocus());
+}
+
+TEST_F(Frm_main, TheStrataAreReadAgainAtEachReturnToTheWindow) {
+  open("English");
+  open_sheet();
+  EXPECT_EQ(find<QComboBox>("Combo6")->count(), 0);
+  write(project() + "/chisou_men/souzyo.dat", {"1, 1 ,Base,0,", "1, 2 ,Tuff,200,"});
+  find<QComboBox>("Combo7")->setCurrentIndex(3);
+  QEvent activation(QEvent::ActivationChange);
+  QApplication::sendEvent(window.get(), &activation);
+  ASSERT_EQ(find<QComboBox>("Combo6")->count(), 1);
+  EXPECT_EQ(find<QComboBox>("Combo6")->itemText(0), "Tuff");
+  EXPECT_EQ(find<QComboBox>("Combo7")->currentText(), "Fault");
+}
+
+TEST_F(Frm_main, ASectionLineThatCannotBeWrittenIsToldInOneSentence) {
+  open("English");
+  open_sheet();
+  auto* canvas = find<ui::Canvas_view>("Picture1");
+  watched.read_only = true;
+  find<QAbstractButton>("Command25")->click();
+  QTest::mouseClick(canvas, Qt::LeftButton, {}, {100, 100});
+  QTest::mouseClick(canvas, Qt::LeftButton, {}, {200, 220});
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_NE(prompts.shown[0].find("danmen.dat"), std::string::npos);
+  EXPECT_EQ(session.flags.section_step, 0);
+}
+
+TEST_F(Frm_main, ASectionLineBeyondAllNumbersIsDrawnInTime) {
+  make_project("English");
+  write(program() + "/danmen.dat", {"A-A',2", "1e300,-1e300", "-1e38,5e30"});
+  session::form_load(session, ports, program());
+  window = std::make_unique<ui::Frm_main>(session, ports);
+  window->start();
+  open_sheet();
+  QElapsedTimer time;
+  time.start();
+  find<ui::Canvas_view>("Picture1")->repaint();
+  EXPECT_LT(time.elapsed(), 2000);
 }
 
 TEST_F(Frm_main, WithoutSettingsTheBasicSettingsComeUpAfterTheMessage) {

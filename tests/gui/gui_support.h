@@ -16,7 +16,7 @@ inline QString told(const QWidget& widget) {
 inline QStringList nameless_widgets(const QWidget& window) {
   QStringList found;
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
-    if (!widget->isEnabled() || !(widget->focusPolicy() & Qt::TabFocus)) continue;
+    if (!widget->isEnabled() || !(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy()) continue;
     if (qobject_cast<const QTabBar*>(widget) || widget->inherits("QScrollArea") || widget->inherits("QTabWidget"))
       continue;
     if (widget->objectName().startsWith("qt_") || widget->inherits("QSplitterHandle") ||

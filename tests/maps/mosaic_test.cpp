@@ -188,6 +188,20 @@ TEST_F(Chizu_out, ReportsAFileThatFailsWhileItIsRead) {
   EXPECT_FALSE(mosaic.picture[0].empty());
 }
 
+// The file has a hole of 40,000,000,000 bytes: reading it would take the machine's memory.
+TEST_F(Chizu_out, AFileBeyondAnyPictureIsTooLargeWithoutBeingRead) {
+  place.put("map\\mine.bmp", flat_bmp(4, 4));
+  std::error_code refused;
+  std::filesystem::resize_file(place.folder.path() / "map" / "mine.bmp", 40'000'000'000, refused);
+  if (refused) GTEST_SKIP() << "the temporary folder takes no such file: " << refused.message();
+  support::Fault_files files(place.files);
+  const maps::Sheet_choice choice{"mine", place.in("map"), 0, 1};
+  const Load_report report = maps::chizu_out(files, pictures, catalogue, choice, canvas, mosaic);
+  ASSERT_EQ(report.failures.size(), 1U);
+  EXPECT_EQ(report.failures[0].fault, Picture_fault::too_large);
+  EXPECT_EQ(files.calls("read_bytes"), 0);
+}
+
 TEST_F(Chizu_out, DecodesAgainOnlyWhatHasChanged) {
   for (const char* stem : {"54381750", "54381755", "54381700", "54381705"}) put_picture(stem);
   select("54381750");

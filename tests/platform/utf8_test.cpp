@@ -53,4 +53,21 @@ TEST(Utf8, CountsABrokenByteAsOne) {
   }
 }
 
+TEST(Utf8, CountsCharacters) {
+  EXPECT_EQ(platform::character_count(""), 0U);
+  EXPECT_EQ(platform::character_count("a地図😀"), 4U);
+  EXPECT_EQ(platform::character_count("\xE5\x9C"), 2U);  // a cut character: each byte for itself
+}
+
+TEST(Utf8, CutsByCharactersCountedFromOne) {
+  EXPECT_EQ(platform::cut_characters("a地図b", 2, 2), "地図");
+  EXPECT_EQ(platform::cut_characters("a地図b", 1, 1), "a");
+  EXPECT_EQ(platform::cut_characters("a地図b", 3), "図b");
+  EXPECT_EQ(platform::cut_characters("a地図b", 4, 99), "b");
+  EXPECT_EQ(platform::cut_characters("a地図b", 5, 1), "");
+  EXPECT_EQ(platform::cut_characters("a地図b", 99), "");
+  EXPECT_EQ(platform::cut_characters("", 1), "");
+  EXPECT_EQ(platform::cut_characters("a地図b", 2, 0), "");
+}
+
 }  // namespace

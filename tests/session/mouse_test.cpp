@@ -3,6 +3,7 @@
 #include "core/session/redraw.h"
 #include "core/session/tools.h"
 #include "session/session_fixture.h"
+#include "support/fault_files.h"
 
 using session::Button;
 using session::Redraw;
@@ -56,6 +57,20 @@ TEST_F(Mouse, ARightClickAfterTheFirstEndLeavesDanmenDatUnchanged) {
   EXPECT_EQ(session.flags.section_step, 0);
   EXPECT_EQ(files.read_bytes(program() + "/danmen.dat"), "A-A',2\r\n 1 , 2 \r\n 3 , 4 \r\n");
   EXPECT_EQ(session.section.x1, 1);
+}
+
+TEST_F(Mouse, ASectionLineThatCannotBeSavedIsToldAndShown) {
+  support::Fault_files refusing(files);
+  refusing.read_only = true;
+  session::Ports read_only{refusing, pictures, prompts, processes};
+  session::Command25(session);
+  session::mouse_press(session, read_only, tools, {Button::left, twips_x(50), twips_y(900)});
+  const session::Mouse_result result =
+      session::mouse_press(session, read_only, tools, {Button::left, twips_x(250), twips_y(100)});
+  EXPECT_EQ(prompts.shown, std::vector<std::string>{"The section line can't be saved: " + program() + "\\danmen.dat"});
+  EXPECT_EQ(result.redraw, Redraw::all);
+  EXPECT_EQ(session.flags.section_step, 0);
+  EXPECT_EQ(session.section.x2, 250);
 }
 
 TEST_F(Mouse, TheSectionLabelsFollowTheMap) {

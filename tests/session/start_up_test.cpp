@@ -144,3 +144,21 @@ TEST_F(Start_up, TheEndClearsTheGpsFlag) {
   session::menu_end(session);
   EXPECT_EQ(session.flags.gps_running, 0);
 }
+
+TEST_F(Start_up, TheMapDownloadRunsItsProgramFromTheProgramFolder) {
+  session::form_load(session, ports, program());
+  session::menu_web_henkann(session, ports);
+  EXPECT_EQ(processes.started, std::vector<std::string>{program() + "\\Tilefetch.exe"});
+}
+
+TEST_F(Start_up, ATableLongerThanTheCatalogueIsToldOnceAndUsedAsFarAsItFits) {
+  write_settings();
+  write(program() + "/ZUMEI.CSV", std::vector<std::string>(5001, "543920,霧沢"));
+  write_free_sheet("free");
+  EXPECT_EQ(start(), Activated::list_filled);
+  EXPECT_EQ(session::form_activate(session, ports, {}), Activated::list_filled);
+  EXPECT_EQ(prompts.shown,
+            std::vector<std::string>{"The table of sheet names is too long. Its first 5000 rows are used."});
+  EXPECT_EQ(session.catalogue.sheet_count, 5000);
+  EXPECT_EQ(session.sheets.List1.size(), 1u);
+}

@@ -7,7 +7,7 @@ namespace support {
 
 class Fixed_clock : public platform::Clock {
  public:
-  explicit Fixed_clock(platform::Date_time time) : time(time) {}
+  explicit Fixed_clock(platform::Date_time start) : time(start) {}
   platform::Date_time now() override { return time; }
   platform::Date_time time;
 };

@@ -5,6 +5,7 @@
 
 #include "core/session/tools.h"
 #include "core/settings_files.h"
+#include "platform/failures.h"
 
 namespace session {
 
@@ -34,13 +35,24 @@ Mouse_result section_first(Context c) {
   return taken(Redraw::overlay);
 }
 
+// A line that can't be saved is still shown, until the program ends.
+void section_save(Context c) {
+  const std::string& folder = c.session.settings.program_path;
+  try {
+    core::danmen_line_w(c.ports.files, folder, c.session.section);
+  } catch (const platform::File_failure&) {
+    const std::string path = platform::join_path(folder, "danmen.dat");
+    c.ports.prompts.message("断面線を保存できません: " + path, "The section line can't be saved: " + path);
+  }
+}
+
 Mouse_result section_second(Context c) {
   const drawing::Point first = c.session.section_first;
   c.session.section = {first.x, first.y, c.position.x, c.position.y};
   c.session.section_known = true;
   c.session.flags.section_step = 0;
   c.session.section_rubber.visible = false;
-  core::danmen_line_w(c.ports.files, c.session.settings.program_path, c.session.section);
+  section_save(c);
   return taken(Redraw::all);
 }
 

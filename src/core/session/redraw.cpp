@@ -2,6 +2,7 @@
 
 #include "maps/boundaries.h"
 #include "maps/grid_out.h"
+#include "observations/chiten_out.h"
 
 namespace session {
 
@@ -17,6 +18,16 @@ void place_section_controls(Session& session) {
   controls.y1 = second.y * maps::twips_per_unit;
 }
 
+namespace {
+
+observations::Chiten_choice chiten_choice(const Session& session) {
+  using observations::Number_shown;
+  const Number_shown number = session.boxes.Option9 ? Number_shown::measurement : Number_shown::registration;
+  return {session.view.Check5, session.view.Check6, session.view.Check2 ? number : Number_shown::none};
+}
+
+}  // namespace
+
 void 画面再表示(Session& session, drawing::Surface& surface) {
   place_section_controls(session);
   if (!session.sheet_shown()) {
@@ -26,6 +37,7 @@ void 画面再表示(Session& session, drawing::Surface& surface) {
   maps::Grid_out(surface, session.canvas, session.mosaic,
                  {session.view.Check3, session.option5(), session.current_sheet});
   maps::gyousei_out(surface, session.canvas, session.boundaries);
+  observations::chiten_out(surface, session.canvas, session.registry, session.drawn_records, chiten_choice(session));
 }
 
 Redraw re_gamen(Session& session) {

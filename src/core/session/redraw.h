@@ -7,8 +7,8 @@
 
 namespace session {
 
-// Draws everything that lies on the map from memory, in order: the pictures with the sheet's grid, then the boundaries.
-// Touches no file.
+// Draws everything that lies on the map from memory, in order: the pictures with the sheet's grid, the boundaries, the
+// observations. Touches no file.
 void 画面再表示(Session& session, drawing::Surface& surface);
 
 // Brings the section line's controls to where its ends stand now.

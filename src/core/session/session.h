@@ -17,6 +17,9 @@
 #include "maps/catalogue.h"
 #include "maps/mosaic.h"
 #include "maps/zoom.h"
+#include "observations/chiten_out.h"
+#include "observations/declination.h"
+#include "observations/registry.h"
 #include "platform/files.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
@@ -52,8 +55,11 @@ struct Section_controls {
 
 // What the tab "View" and the canvas options say.
 struct View_options {
-  bool Check3 = true;  // sheet grid
-  double Text1 = 8;    // text size of labels
+  bool Check3 = true;   // sheet grid
+  bool Check5 = true;   // observations
+  bool Check2 = false;  // their numbers
+  bool Check6 = false;  // enclosures see-through instead of their outline
+  double Text1 = 8;     // text size of labels
 };
 
 // A press that left no tool armed begins a drag; a press that a tool took doesn't.
@@ -72,6 +78,10 @@ struct Session {
   maps::Boundaries boundaries;
   maps::Scroll_bars bars;  // HScroll1, VScroll1
   geodesy::Shift_table shifts;
+  observations::Registry registry;
+  observations::Coefficients coefficients;    // of the magnetic field, kept while their file is unchanged
+  observations::Drawn_records drawn_records;  // what the registry's strikes and dips come to on this sheet
+  bool field_fault_told = false;              // that strikes are shown uncorrected
   Sheet_list sheets;
   core::Section_line section;  // map metres of the current sheet
   bool section_known = false;
@@ -82,6 +92,7 @@ struct Session {
   Drag drag;
   std::string current_sheet;               // stem of the sheet that is drawn; empty before the first
   int start_guard = 1;                     // 1 at start, 2 after the first pass
+  bool long_table_told = false;            // that the table of sheet names is longer than the catalogue
   bool cut_map_project = false;            // the project holds a cut map picture
   std::vector<std::string> stratum_names;  // Combo6
   std::string boring_out_folder, rockview_folder;

@@ -1,6 +1,7 @@
 #include "core/session/sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/session/tools.h"
 #include "maps/boundaries.h"
@@ -17,9 +18,11 @@ void catalogue_r(Session& session, Ports& ports) {
     maps::zumei_read(ports.files, session.catalogue, settings.program_path, session.option5(), settings.datum_mode,
                      settings.language);
   } catch (const platform::Subscript_failure&) {
+    // The list is read at each return to the window until a sheet is drawn; once is enough to be told.
     const std::string rows = std::to_string(maps::catalogue_limit);
-    ports.prompts.message("図葉一覧表が大きすぎます。先頭の" + rows + "行だけを使います。",
-                          "The table of sheet names is too long. Its first " + rows + " rows are used.");
+    if (!std::exchange(session.long_table_told, true))
+      ports.prompts.message("図葉一覧表が大きすぎます。先頭の" + rows + "行だけを使います。",
+                            "The table of sheet names is too long. Its first " + rows + " rows are used.");
   }
   ports.prompts.use_language(settings.language);
 }
@@ -46,7 +49,31 @@ void tell_failures(const maps::Load_report& report, platform::Prompts& prompts) 
   prompts.message(japanese, english);
 }
 
+// Strikes that need a declination are shown as they were read where there is none; told once in a run.
+void tell_uncorrected(Session& session, platform::Prompts& prompts) {
+  const auto sentence = observations::sentence_of(session.coefficients.fault);
+  const auto& symbols = session.drawn_records.symbols;
+  const bool uncorrected = std::any_of(symbols.begin(), symbols.end(), [](const observations::Symbol& symbol) {
+    return symbol.kind != observations::Symbol_kind::none && !symbol.true_north;
+  });
+  if (sentence && uncorrected && !std::exchange(session.field_fault_told, true)) prompts.message(*sentence);
+}
+
 }  // namespace
+
+void registry_r(Session& session, Ports& ports) {
+  const std::string path = observations::registry_file(session.settings);
+  try {
+    const int passes = path.empty() ? 0 : std::max(1, session.settings.registry_count);
+    observations::chisoumen_read(session.registry, ports.files, passes, {path});
+  } catch (const platform::Subscript_failure&) {
+    ports.prompts.message("地点登録ファイルを最後まで読み込めません。読み込めた地点だけを表示します。",
+                          "The point registration file can't be read to its end. The points before that are shown.");
+  }
+  observations::take_coefficients(ports.files, session.settings.program_path, session.coefficients);
+  session.drawn_records = observations::drawn_records(session.registry, session.coefficients.field, session.canvas);
+  tell_uncorrected(session, ports.prompts);
+}
 
 int row_of(const Sheet_list& sheets, const std::string& stem) {
   const auto found = std::find(sheets.List2.begin(), sheets.List2.end(), stem);
@@ -75,6 +102,7 @@ Redraw chizu_out(Session& session, Ports& ports, int row, const std::function<vo
   session.bars = {};
   measure_bars(session);
   tell_failures(report, ports.prompts);
+  registry_r(session, ports);
   return Redraw::all;
 }
 

@@ -15,6 +15,9 @@ void sheet_list_r(Session& session, Ports& ports);
 // The row of a stem; -1 when the list has none.
 int row_of(const Sheet_list& sheets, const std::string& stem);
 
+// Reads the registration file in use and works out what its strikes and dips come to on the sheet that is drawn.
+void registry_r(Session& session, Ports& ports);
+
 // A click on the list: frame, pictures and point files of the row, then a redraw. Pictures that can't be read or don't
 // fit in memory are told in one sentence. `progress` is told the tile that comes next and their number.
 Redraw chizu_out(Session& session, Ports& ports, int row, const std::function<void(int, int)>& progress = {});

@@ -83,6 +83,11 @@ std::string window_caption(const Session& session) {
                                           : "Terranote Ver '08.06.05 (Tokyo Datum)";
 }
 
+void menu_web_henkann(const Session& session, Ports& ports) {
+  const std::string& program = session.settings.program_path;
+  ports.processes.start(platform::join_path(program, "Tilefetch.exe"), {}, program);
+}
+
 void menu_end(Session& session) {
   session.flags.gps_running = 0;
 }

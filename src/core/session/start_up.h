@@ -28,6 +28,9 @@ Activated form_activate(Session& session, Ports& ports, const Activation& activa
 // The window's caption by the datum.
 std::string window_caption(const Session& session);
 
+// menu_web_henkann: runs \Tilefetch.exe of the program folder. A missing one shows nothing.
+void menu_web_henkann(const Session& session, Ports& ports);
+
 // menu_end: closes what is open. The process ends afterwards.
 void menu_end(Session& session);
 

@@ -4,7 +4,10 @@
 #include <QImage>
 #include <QImageReader>
 #include <QTransform>
+#include <algorithm>
 #include <cstring>
+
+#include "platform/qt/picture_bytes.h"
 
 namespace platform {
 
@@ -16,13 +19,19 @@ QImage::Format format_of(int depth) {
 }
 
 // The bytes that a picture of this measure takes once it is decoded. The reader tells the depth only for some formats;
-// what it doesn't tell counts as 32 bits.
-std::int64_t decoded_bytes(const QImageReader& reader, QSize size) {
-  const QImage::Format format = reader.imageFormat();
-  std::int64_t bits = 32;
-  if (format == QImage::Format_Mono || format == QImage::Format_MonoLSB) bits = 1;
-  if (format == QImage::Format_Indexed8 || format == QImage::Format_Grayscale8) bits = 8;
-  return std::int64_t{size.width()} * size.height() * bits / 8;
+// what it doesn't tell counts as 32 bits, and so does what is brought to 32 bits. Of a bitmap beyond 16384 x 16384
+// pixels, which it refuses, it tells none: that is too large at 32 bits. A double, since what a broken header tells may
+// be more than any whole number holds.
+double decoded_bytes(const QImageReader& reader, QSize size) {
+  const std::int64_t told = QImage(1, 1, reader.imageFormat()).depth();
+  const std::int64_t bits = told == 1 || told == 8 ? told : std::max<std::int64_t>(told, 32);
+  return static_cast<double>(size.width()) * size.height() * static_cast<double>(bits) / 8;
+}
+
+// The reader gives no measure for a bitmap whose rows run from the top.
+QSize measure_of(const QImageReader& reader, std::string_view bytes) {
+  if (const auto measure = bmp_measure(bytes)) return {measure->width, measure->height};
+  return reader.size();
 }
 
 const char* format_name(Picture_format format) {
@@ -82,11 +91,17 @@ Decoded_picture Qt_pictures::decode(std::string_view bytes) {
   reader.setDecideFormatFromContent(true);
   const QByteArray format = reader.format();
   if (format != "bmp" && format != "jpeg" && format != "png") return {{}, Picture_fault::unreadable};
-  const QSize size = reader.size();
-  if (!size.isValid() || size.isEmpty()) return {{}, Picture_fault::unreadable};
-  if (decoded_bytes(reader, size) > largest_picture_bytes) return {{}, Picture_fault::too_large};
-  const QImage image = reader.read();
-  if (image.isNull()) return {{}, Picture_fault::unreadable};
+  const QSize size = measure_of(reader, bytes);
+  if (size.isEmpty()) return {{}, Picture_fault::unreadable};
+  if (decoded_bytes(reader, size) > static_cast<double>(largest_picture_bytes)) return {{}, Picture_fault::too_large};
+  if (!is_whole_picture(bytes)) return {{}, Picture_fault::unreadable};
+  // Run lengths may leave pixels out: they have index 0, not what lay in memory.
+  QImage image;
+  if (format == "bmp" && reader.imageFormat() == QImage::Format_Indexed8) {
+    image = QImage(size, QImage::Format_Indexed8);
+    image.fill(0);
+  }
+  if (!reader.read(&image) || image.isNull()) return {{}, Picture_fault::unreadable};
   return {picture_of(image), Picture_fault::none};
 }
 

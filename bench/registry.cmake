@@ -1,0 +1,1 @@
+terranote_bench(registry LINKS terranote_observations)

@@ -1,0 +1,40 @@
+// The registry over the map: marks, lines, enclosures, strike symbols and numbers. What a record's texts come to is
+// worked out when the registry is read; a repaint draws from memory and leaves out what lies outside the canvas.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "drawing/surface.h"
+#include "maps/canvas.h"
+#include "observations/geomagnetic_field.h"
+#include "observations/registry.h"
+#include "observations/strike_symbol.h"
+
+namespace observations {
+
+enum class Number_shown { none, registration, measurement };
+
+struct Chiten_choice {
+  bool marks = true;                         // Check5: points, lines and enclosures are drawn at all
+  bool filled = false;                       // Check6: enclosures see-through, otherwise their outline
+  Number_shown number = Number_shown::none;  // Check2 with Option8 or Option9
+};
+
+// One for each record of the table.
+struct Drawn_records {
+  std::vector<Symbol> symbols;
+};
+
+// The symbols of all records, each with the declination of its own place. A record in metres takes that of its place on
+// a geographic sheet; without a field (order 0) or a frame its strike counts as uncorrected.
+Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas);
+
+// The number that stands beside a point: column 9 up to "*", without the date part before "-"; or the measurement
+// number.
+std::string number_text_of(const Record& record, Number_shown shown);
+
+void chiten_out(drawing::Surface& surface, maps::Canvas& canvas, const Registry& registry, const Drawn_records& drawn,
+                const Chiten_choice& choice);
+
+}  // namespace observations

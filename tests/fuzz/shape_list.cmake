@@ -1,0 +1,1 @@
+terranote_fuzz(shape_list LINKS terranote_exchange)

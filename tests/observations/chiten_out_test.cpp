@@ -1,0 +1,134 @@
+#include "observations/chiten_out.h"
+
+#include <gtest/gtest.h>
+
+#include "support/recorder.h"
+
+using observations::Chiten_choice;
+using observations::Number_shown;
+using observations::Record;
+
+namespace {
+
+// One unit to the metre, 1000 metres high: the map place (X, Y) lies at canvas (X + 100, 1100 - Y).
+struct Chiten_out : ::testing::Test {
+  maps::Canvas canvas;
+  observations::Registry registry;
+
+  Chiten_out() {
+    canvas.canvas_scale = 1;
+    canvas.map_y1 = 1000;
+    canvas.label_scale = 8;
+  }
+  Record& add(double x, double y, const std::string& mark) {
+    Record& record = registry.rows[++registry.N];
+    record = {};
+    record.X = x;
+    record.Y = y;
+    record.mark = mark;
+    record.size = 2;
+    return record;
+  }
+  support::Recorder drawn(const Chiten_choice& choice = {}) {
+    support::Recorder surface;
+    observations::chiten_out(surface, canvas, registry, observations::drawn_records(registry, {}, canvas), choice);
+    return surface;
+  }
+};
+
+}  // namespace
+
+TEST_F(Chiten_out, PaintsEachMarkAtItsPlaceInItsColour) {
+  Record& record = add(50, 900, "●");
+  record.R = 255;
+  record.G = 128;
+  const auto circles = drawn().of("circle");
+  ASSERT_EQ(circles.size(), 1u);
+  EXPECT_EQ(circles[0].points[0], (drawing::Point{150, 200}));
+  EXPECT_EQ(circles[0].pen.colour, 0xff8000u);
+}
+
+TEST_F(Chiten_out, AColourOutOfRangeIsHeldAtItsEnd) {
+  Record& record = add(0, 0, "○");
+  record.R = 300;
+  record.G = -5;
+  EXPECT_EQ(drawn().of("circle")[0].pen.colour, 0xff0000u);
+}
+
+TEST_F(Chiten_out, ALineIsDrawnFromVertexToVertexInTheLineColour) {
+  Record& record = add(0, 0, "線");
+  record.B2 = 255;
+  record.vertices = {{0, 1000}, {10, 1000}, {10, 990}};
+  const auto lines = drawn().of("line");
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].points, (std::vector<drawing::Point>{{100, 100}, {110, 100}}));
+  EXPECT_EQ(lines[1].points, (std::vector<drawing::Point>{{110, 100}, {110, 110}}));
+  EXPECT_EQ(lines[0].pen.colour, 0x0000ffu);
+}
+
+TEST_F(Chiten_out, AnEnclosureIsARingAndSeeThroughWhereThatIsTicked) {
+  for (const char* mark : {"範囲", "Area"}) {
+    registry.N = 0;
+    add(0, 0, mark).vertices = {{0, 1000}, {10, 1000}, {10, 990}};
+    EXPECT_EQ(drawn().of("polygon").at(0).fill.style, drawing::Fill_style::none);
+    EXPECT_EQ(drawn({true, true, Number_shown::none}).of("polygon").at(0).fill.style, drawing::Fill_style::see_through);
+  }
+}
+
+TEST_F(Chiten_out, AWordIsWritten) {
+  add(0, 1000, "文字").soukou = "断層破砕帯";
+  const auto texts = drawn().of("text");
+  ASSERT_EQ(texts.size(), 1u);
+  EXPECT_EQ(texts[0].text, "断層破砕帯");
+  EXPECT_EQ(texts[0].points[0], (drawing::Point{100, 100}));
+}
+
+TEST_F(Chiten_out, TheNumberStandsBesideThePoint) {
+  Record& record = add(0, 1000, "○");
+  record.touroku_no = "081115-001*3";
+  record.keisoku_no = "3";
+  const auto registration = drawn({true, false, Number_shown::registration}).of("text");
+  ASSERT_EQ(registration.size(), 1u);
+  EXPECT_EQ(registration[0].text, "001");
+  EXPECT_EQ(registration[0].points[0], (drawing::Point{110, 113}));
+  EXPECT_EQ(registration[0].colour, drawing::black);
+  const auto measurement = drawn({true, false, Number_shown::measurement}).of("text");
+  EXPECT_EQ(measurement[0].text, "3");
+  EXPECT_EQ(measurement[0].colour, drawing::red);
+  EXPECT_TRUE(drawn().of("text").empty());
+}
+
+TEST_F(Chiten_out, ANumberWithoutADateStandsAsItIs) {
+  Record record;
+  record.touroku_no = "露頭7";
+  EXPECT_EQ(observations::number_text_of(record, Number_shown::registration), "露頭7");
+}
+
+TEST_F(Chiten_out, WhatLiesOutsideTheCanvasIsLeftOut) {
+  canvas.width = 3000;
+  canvas.height = 3000;  // 400 units each way
+  add(100, 900, "○");
+  add(5000, 900, "○");
+  add(0, 0, "線").vertices = {{5000, 0}, {6000, 0}};
+  const support::Recorder surface = drawn();
+  EXPECT_EQ(surface.calls.size(), 1u);
+}
+
+TEST_F(Chiten_out, ALineThatCrossesTheCanvasIsDrawnThoughNoVertexLiesInIt) {
+  canvas.width = 3000;
+  canvas.height = 3000;
+  add(0, 0, "線").vertices = {{-5000, 900}, {5000, 900}};
+  EXPECT_EQ(drawn().of("line").size(), 1u);
+}
+
+TEST_F(Chiten_out, WithoutAFieldTheStrikeIsShownUncorrected) {
+  Record& record = add(0, 1000, "○");
+  record.soukou = "NS";
+  record.keisha = "30E";
+  EXPECT_EQ(drawn().of("line")[0].pen.colour, drawing::red);
+}
+
+TEST_F(Chiten_out, NothingIsDrawnWhereThePointsAreSwitchedOff) {
+  add(0, 1000, "○");
+  EXPECT_TRUE(drawn({false, false, Number_shown::none}).calls.empty());
+}

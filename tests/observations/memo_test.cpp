@@ -1,0 +1,48 @@
+#include "observations/memo.h"
+
+#include <gtest/gtest.h>
+
+#include "observations/observation_place.h"
+#include "platform/failures.h"
+
+namespace {
+
+struct Memo : testing::Test, support::Observation_place {
+  std::string memo(const std::string& number) const { return observations::memo_path(project, number); }
+};
+
+TEST_F(Memo, LiesUnderTheRegistrationNumber) {
+  EXPECT_EQ(memo("081115-001"), project + "\\chisou_men\\txt\\081115-001.txt");
+}
+
+TEST_F(Memo, HasNoPathForANumberThatLeavesTheFolder) {
+  for (const char* number : {"", "..\\a", "a/b", "C:a", "con"}) EXPECT_EQ(memo(number), "") << number;
+}
+
+TEST_F(Memo, ComesBackWithItsLines) {
+  observations::memo_write(files, project, memo("1"), "砂岩\n\n泥岩");
+  EXPECT_EQ(disk.read_bytes(memo("1")), support::lines_932({"砂岩", "", "泥岩"}));
+  EXPECT_EQ(observations::memo_read(files, memo("1")), "砂岩\n\n泥岩");
+}
+
+TEST_F(Memo, IsEmptyWhereThereIsNone) {
+  EXPECT_EQ(observations::memo_read(files, memo("1")), "");
+  EXPECT_EQ(observations::memo_read(files, ""), "");
+}
+
+TEST_F(Memo, IsNotWrittenWhenNothingChanged) {
+  observations::memo_write(files, project, memo("1"), "");
+  EXPECT_EQ(files.calls("write_whole"), 0);
+  observations::memo_write(files, project, memo("1"), "a");
+  observations::memo_write(files, project, memo("1"), "a");
+  EXPECT_EQ(files.calls("write_whole"), 1);
+  observations::memo_write(files, project, memo("1"), "");
+  EXPECT_EQ(disk.length(memo("1")), 0);
+}
+
+TEST_F(Memo, FailsInAReadOnlyFolder) {
+  files.read_only = true;
+  EXPECT_THROW(observations::memo_write(files, project, memo("1"), "a"), platform::File_failure);
+}
+
+}  // namespace
