@@ -5,13 +5,12 @@
 
 #include "core/session/tools.h"
 #include "core/settings_files.h"
+#include "observations/vertices.h"
 #include "platform/failures.h"
 
 namespace session {
 
 namespace {
-
-const platform::Message too_many_vertices{"これ以上囲み線を入力できません。", "Number of Point over!"};
 
 using Position = maps::Map_position;
 
@@ -85,7 +84,7 @@ Mouse_result zoom_box_stop(Context c) {
 }
 
 Mouse_result line_full(Context c) {
-  c.ports.prompts.message(too_many_vertices);
+  c.ports.prompts.message(observations::line_is_full);
   return taken(Redraw::none);
 }
 
