@@ -27,7 +27,11 @@ int main(int argc, char** argv) {
   platform::Qt_pictures pictures;
   platform::Qt_processes processes(files);
   ui::Qt_prompts prompts;
-  session::Ports ports{files, pictures, prompts, processes};
+  platform::System_clock clock;
+  platform::Journal journal(files);
+  platform::No_sheets sheets;
+  platform::No_sounds sounds;
+  session::Ports ports{files, pictures, prompts, processes, clock, journal, sheets, sounds};
 
   session::Session session;
   session::form_load(session, ports, ui::from_toolkit(QApplication::applicationDirPath()));

@@ -9,23 +9,18 @@
 
 #include "core/project_settings.h"
 #include "drawing/surface.h"
-#include "platform/clock.h"
 #include "platform/files.h"
+#include "support/fixed_clock.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
 namespace support {
 
-class Fixed_clock : public platform::Clock {
- public:
-  platform::Date_time now() override { return {2024, 5, 6, 7, 8, 9}; }
-};
-
 struct Exchange_place {
   Temporary_folder folder;
   platform::Disk_files files;
   Scripted_prompts prompts;
-  Fixed_clock clock;
+  Fixed_clock clock{{2024, 5, 6, 7, 8, 9}};
   core::Settings settings;
   std::string program = platform::join_path(folder.text(), "program");
   std::string target = platform::join_path(folder.text(), "target");

@@ -22,7 +22,8 @@ struct Frame10 : ::testing::Test {
   platform::Qt_pictures pictures;
   support::Recorded_processes processes;
   support::Scripted_prompts prompts;
-  session::Ports ports{files, pictures, prompts, processes};
+  support::Other_ports other{files};
+  session::Ports ports{files, pictures, prompts, processes, other.clock, other.journal, other.sheets, other.sounds};
   core::Settings settings;
   std::unique_ptr<ui::Frame10_dialog> dialog;
 

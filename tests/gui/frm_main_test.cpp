@@ -39,7 +39,8 @@ struct Frm_main : ::testing::Test {
   support::Recorded_processes processes;
   support::Scripted_prompts prompts;
   support::Fault_files watched{files};
-  session::Ports ports{watched, pictures, prompts, processes};
+  support::Other_ports other{watched};
+  session::Ports ports{watched, pictures, prompts, processes, other.clock, other.journal, other.sheets, other.sounds};
   session::Session session;
   std::unique_ptr<ui::Frm_main> window;
 

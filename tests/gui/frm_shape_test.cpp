@@ -29,7 +29,9 @@ struct Shape_dialogs : testing::TestWithParam<const char*> {
   support::Exchange_place place;
   support::Fake_pictures pictures;
   support::Recorded_processes processes;
-  session::Ports ports{place.files, pictures, place.prompts, processes};
+  support::Other_ports other{place.files};
+  session::Ports ports{place.files, pictures,      place.prompts, processes,
+                       place.clock, other.journal, other.sheets,  other.sounds};
   std::unique_ptr<QDialog> dialog;
 
   bool japanese() const { return std::string(GetParam()) == "Japanese"; }

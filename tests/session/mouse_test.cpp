@@ -62,7 +62,8 @@ TEST_F(Mouse, ARightClickAfterTheFirstEndLeavesDanmenDatUnchanged) {
 TEST_F(Mouse, ASectionLineThatCannotBeSavedIsToldAndShown) {
   support::Fault_files refusing(files);
   refusing.read_only = true;
-  session::Ports read_only{refusing, pictures, prompts, processes};
+  session::Ports read_only{refusing,    pictures,      prompts,      processes,
+                           other.clock, other.journal, other.sheets, other.sounds};
   session::Command25(session);
   session::mouse_press(session, read_only, tools, {Button::left, twips_x(50), twips_y(900)});
   const session::Mouse_result result =

@@ -21,7 +21,8 @@ struct Session_fixture : ::testing::Test {
   Fake_pictures pictures;
   Recorded_processes processes;
   Scripted_prompts prompts;
-  session::Ports ports{files, pictures, prompts, processes};
+  Other_ports other{files};
+  session::Ports ports{files, pictures, prompts, processes, other.clock, other.journal, other.sheets, other.sounds};
   session::Session session;
   session::Map_tools tools;
 

@@ -5,8 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "platform/journal.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
+#include "platform/sheets.h"
+#include "platform/sounds.h"
+#include "support/fixed_clock.h"
 
 namespace support {
 
@@ -45,6 +49,34 @@ class Recorded_processes : public platform::Processes {
     started.push_back(what);
     return true;
   }
+};
+
+class Recorded_sheets : public platform::Sheets {
+ public:
+  std::vector<platform::Sheet_job> jobs;
+  platform::Sheet_outcome outcome = platform::Sheet_outcome::filled;
+  platform::Sheet_outcome fill(const platform::Sheet_job& job) override {
+    jobs.push_back(job);
+    return outcome;
+  }
+};
+
+class Recorded_sounds : public platform::Sounds {
+ public:
+  std::vector<std::string> played;
+  bool play(const std::string& path) override {
+    played.push_back(path);
+    return true;
+  }
+};
+
+// Those ports that most tests only need to be there. The journal is closed until a test opens it.
+struct Other_ports {
+  explicit Other_ports(platform::Files& files) : journal(files) {}
+  Fixed_clock clock{{2008, 11, 15, 10, 20, 30}};
+  platform::Journal journal;
+  Recorded_sheets sheets;
+  Recorded_sounds sounds;
 };
 
 }  // namespace support

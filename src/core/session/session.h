@@ -20,10 +20,16 @@
 #include "observations/chiten_out.h"
 #include "observations/declination.h"
 #include "observations/registry.h"
+#include "observations/registry_edit.h"
+#include "observations/vertices.h"
+#include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/journal.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
 #include "platform/prompts.h"
+#include "platform/sheets.h"
+#include "platform/sounds.h"
 
 namespace session {
 
@@ -32,6 +38,10 @@ struct Ports {
   platform::Pictures& pictures;
   platform::Prompts& prompts;
   platform::Processes& processes;
+  platform::Clock& clock;
+  platform::Journal& journal;  // of what `files` writes; closed where nothing can be taken back
+  platform::Sheets& sheets;
+  platform::Sounds& sounds;
 };
 
 // The sheet list: a row's shown name (List1) and its file stem (List2). Rows count from 0; selected is -1 for none.
@@ -81,6 +91,8 @@ struct Session {
   observations::Registry registry;
   observations::Coefficients coefficients;    // of the magnetic field, kept while their file is unchanged
   observations::Drawn_records drawn_records;  // what the registry's strikes and dips come to on this sheet
+  observations::Entry entry;                  // the panel of the tab "Position"
+  observations::Line_input line;              // the line or enclosure that is being drawn
   bool field_fault_told = false;              // that strikes are shown uncorrected
   Sheet_list sheets;
   core::Section_line section;  // map metres of the current sheet
