@@ -1,5 +1,6 @@
 #include "core/session/undo.h"
 
+#include "core/project_folders.h"
 #include "core/session/entry.h"
 #include "core/session/sheet.h"
 #include "core/session/start_up.h"
@@ -30,8 +31,12 @@ Redraw move(Session& session, Ports& ports, Move menu) {
 }  // namespace
 
 void journal_r(Session& session, Ports& ports) {
+  const core::Settings& settings = session.settings;
+  const std::string observations = core::chisou_men(settings.project_path);
+  for (const std::string& folder : {settings.program_path, settings.project_path, observations, observations + "\\txt"})
+    ports.files.remove_left_over(folder);
   if (session.state_folder.empty()) return;
-  ports.journal.open(session.state_folder, session.settings.project_path, session.settings.program_path);
+  ports.journal.open(session.state_folder, settings.project_path, settings.program_path);
 }
 
 Redraw menu_undo(Session& session, Ports& ports) {

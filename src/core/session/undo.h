@@ -5,8 +5,8 @@
 
 namespace session {
 
-// The journal of the project in force, below session.state_folder; none where that is empty. To be called at the start
-// and whenever the project may be another.
+// Opens the journal of the project in force, below session.state_folder (none where that is empty), and removes what a
+// killed save left in the project. To be called at the start and whenever the project may be another.
 void journal_r(Session& session, Ports& ports);
 
 // menu_undo and menu_redo. With unsaved entries in the panel nothing is done but said; a panel without any closes.
