@@ -80,7 +80,16 @@ double half_of(double size) {
   return (size == 0 ? default_size : size) / 2 * size_unit;
 }
 
+double component(double value) {
+  return std::clamp(std::isnan(value) ? 0 : value, 0.0, 255.0);
+}
+
 }  // namespace
+
+drawing::Colour colour_of(double red, double green, double blue) {
+  const auto byte = [](double value) { return static_cast<drawing::Colour>(component(value)); };
+  return byte(red) << 16 | byte(green) << 8 | byte(blue);
+}
 
 void ld(drawing::Surface& surface, Point from, Point to, drawing::Colour colour, double width) {
   surface.line(from, to, pen_of(colour, width));
