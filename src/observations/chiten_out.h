@@ -2,6 +2,7 @@
 // worked out when the registry is read; a repaint draws from memory and leaves out what lies outside the canvas.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct Chiten_choice {
 // One for each record of the table.
 struct Drawn_records {
   std::vector<Symbol> symbols;
+  // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
+  std::vector<std::optional<double>> declinations;
 };
 
 // The symbols of all records, each with the declination of its own place. A record in metres takes that of its place on
