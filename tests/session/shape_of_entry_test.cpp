@@ -30,7 +30,7 @@ struct Shape_of_entry : support::Session_fixture {
   }
   std::string written() {
     session.settings.program_path = program();
-    session::Command7(session.settings, session.entry, session.registry, files);
+    session::Command7(session, ports);
     return files.read_bytes(program() + "/TMP.TMP");
   }
 };
@@ -68,10 +68,25 @@ TEST_F(Shape_of_entry, HasNoPointsForAnEnclosureThatIsNotDrawnOrNotThere) {
   }
 }
 
+TEST_F(Shape_of_entry, TakesNoVerticesOfAnotherRecordInItsRow) {
+  const Shape nothing{Shape_kind::polygon, {}}, drawn{Shape_kind::polygon, {{1, 2}, {3, 4}}};
+  const auto shape = [&] { return session::shape_of_entry(session.entry, session.registry); };
+  open_panel("範囲");
+  draw({{1, 2}, {3, 4}});
+  EXPECT_EQ(shape(), drawn);
+  ++session.registry.reads;  // a new record's row is gone with the next reading
+  EXPECT_EQ(shape(), nothing);
+  session.entry.unsaved = false;
+  session.entry.stored_number = session.registry.rows[1].touroku_no = "081115-001";
+  EXPECT_EQ(shape(), drawn);
+  session.registry.rows[1].touroku_no = "081115-002";
+  EXPECT_EQ(shape(), nothing);
+}
+
 TEST_F(Shape_of_entry, FailsWhereTheListCantBeWritten) {
   open_panel("○");
   session.settings.program_path = program() + "/not there";
-  EXPECT_THROW(session::Command7(session.settings, session.entry, session.registry, files), platform::File_failure);
+  EXPECT_THROW(session::Command7(session, ports), platform::File_failure);
 }
 
 // The whole road: the list of the panel becomes a set of files.

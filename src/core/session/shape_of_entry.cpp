@@ -12,19 +12,23 @@ std::vector<drawing::Point> drawn_points(const std::vector<geodesy::Point>& vert
   return points;
 }
 
+// Whether the row of the table is still the panel's own, as the save tests it.
+bool has_own_row(const observations::Entry& entry, const observations::Registry& registry) {
+  if (entry.touroku < 1 || entry.touroku > registry.N) return false;
+  return entry.unsaved ? entry.reads == registry.reads : registry.rows[entry.touroku].touroku_no == entry.stored_number;
+}
+
 }  // namespace
 
 exchange::Shape shape_of_entry(const observations::Entry& entry, const observations::Registry& registry) {
   const geodesy::Point position = observations::position_of(entry.boxes);
-  const bool has_record = entry.touroku > 0 && entry.touroku <= registry.N;
-  return exchange::drawn_shape(
-      observations::is_area(entry.boxes.Combo1), {position.x, position.y},
-      has_record ? drawn_points(registry.rows[entry.touroku].vertices) : std::vector<drawing::Point>{});
+  std::vector<drawing::Point> vertices;
+  if (has_own_row(entry, registry)) vertices = drawn_points(registry.rows[entry.touroku].vertices);
+  return exchange::drawn_shape(observations::is_area(entry.boxes.Combo1), {position.x, position.y}, vertices);
 }
 
-void Command7(const core::Settings& settings, const observations::Entry& entry, const observations::Registry& registry,
-              platform::Files& files) {
-  exchange::shape_list_w(files, settings.program_path, shape_of_entry(entry, registry));
+void Command7(const Session& session, Ports& ports) {
+  exchange::shape_list_w(ports.files, session.settings.program_path, shape_of_entry(session.entry, session.registry));
 }
 
 }  // namespace session
