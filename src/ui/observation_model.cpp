@@ -33,8 +33,8 @@ struct Column_text {
 // clang-format off
 constexpr std::array<Column_text, list_columns> column_texts{{
     {"番号",     "Record",       "登録ファイルの中の順番",                        "Place in the registration file",                    true,  "15000"},
-    {"登録番号", "Number",       "登録番号",                                      "Registration number",                               false, "081115-001-"},
-    {"計測番号", "Measurement",  "走向傾斜計測番号",                              "Measurement number of the clinometer",              true,  "0000"},
+    {"登録番号", "Registration no.",       "登録番号",                                      "Registration number",                               false, "081115-001-"},
+    {"計測番号", "Measurement no.",  "走向傾斜計測番号",                              "Measurement number of the clinometer",              true,  "0000"},
     {"計測対象", "Object",       "計測対象",                                      "Measured object",                                   false, "地層境界面-"},
     {"地層名",   "Stratum",      "地層名",                                        "Name of the stratum",                               false, "砂岩泥岩互層"},
     {"X",        "X",            "経度、または図葉の左下からの距離(m)",           "Longitude, or metres from the sheet's corner",      true,  "E 138°51'44.84\"-"},
@@ -59,6 +59,10 @@ constexpr std::array<Column_text, list_columns> column_texts{{
 
 const Column_text& text_of(int column) {
   return column_texts[static_cast<std::size_t>(column)];
+}
+
+int alignment_of(int column) {
+  return int(text_of(column).number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QString either(bool japanese, const char* in_japanese, const char* in_english) {
@@ -89,7 +93,7 @@ QIcon swatch(const QColor& colour) {
 }  // namespace
 
 const char* usual_text(int column, bool japanese) {
-  (void)japanese;
+  if (column == column_true_strike && !japanese) return "N88.8W 188.8° uncorrected-";
   return text_of(column).usual;
 }
 
@@ -176,7 +180,10 @@ QVariant Observation_model::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return tool_tip(touroku, column);
     case Qt::TextAlignmentRole:
-      return int(text_of(column).number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+      return alignment_of(column);
+    case Qt::ForegroundRole:
+      if (is_uncorrected(touroku, column)) return QColor(0xb7, 0x1c, 0x1c);  // red as on the map
+      return {};
     case Qt::DecorationRole:
       if (column == column_size) return swatch(colour_of(session_.registry.rows[touroku]));
       return {};
@@ -191,7 +198,13 @@ QVariant Observation_model::headerData(int section, Qt::Orientation orientation,
   const Column_text& text = text_of(section);
   if (role == Qt::DisplayRole) return either(japanese, text.japanese, text.english);
   if (role == Qt::ToolTipRole) return either(japanese, text.japanese_hint, text.english_hint);
+  if (role == Qt::TextAlignmentRole) return alignment_of(section);
   return {};
+}
+
+bool Observation_model::is_uncorrected(int touroku, int column) const {
+  const Listed& listed = list_.rows[static_cast<std::size_t>(touroku - 1)];
+  return column == column_true_strike && listed.correction == Correction::unknown;
 }
 
 // The stored value where the cell shows another form, the whole text otherwise, for a column that is too narrow for it.

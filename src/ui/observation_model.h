@@ -37,6 +37,7 @@ class Observation_model : public QAbstractTableModel {
 
  private:
   void arrange();
+  bool is_uncorrected(int touroku, int column) const;
   QString tool_tip(int touroku, int column) const;
 
   const session::Session& session_;

@@ -24,6 +24,7 @@ namespace ui {
 namespace {
 
 constexpr QSize first_size(1100, 520);
+constexpr QSize least_size(560, 260);
 constexpr int cell_margin = 14;
 constexpr int swatch_side = 12;
 
@@ -59,6 +60,7 @@ Observation_table::Observation_table(session::Session& session, QWidget* parent)
   connect_all();
   set_captions();
   usual_columns();
+  setMinimumSize(least_size);
   resize(first_size);
 }
 
@@ -83,7 +85,6 @@ void Observation_table::build_table() {
   header->setSortIndicatorShown(true);
   header->setSortIndicator(column_record, Qt::AscendingOrder);
   header->setHighlightSections(false);
-  header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   columns_menu_ = new QMenu(this);
   columns_menu_->setObjectName("columns_menu");
