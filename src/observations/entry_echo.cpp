@@ -229,7 +229,6 @@ Entry_echo entry_echo(const Entry_boxes& boxes, const Coefficients& coefficients
   const Teller teller{core::is_japanese(language), echo};
   const Record record = record_of_boxes(boxes);
   const std::optional<double> declination = declination_of(record, coefficients.field, canvas);
-  tell_numbers(teller, boxes, record);
   const Understood read = understood(record.soukou, record.keisha, declination, record.henkaku_done);
   echo.correction = read.correction;
   echo.declination = declination_cell(teller, read);
@@ -237,10 +236,11 @@ Entry_echo entry_echo(const Entry_boxes& boxes, const Coefficients& coefficients
   if (is_word(record.mark)) {
     teller.note("記号が「文字」のため、走向の欄は図に書く文字になります。",
                 "The mark is \"Word\": the strike box holds the text that the map shows.");
-    return echo;
+  } else {
+    plane_echo(teller, record.soukou, record.keisha, read);
+    line_echo(teller, record.sen_houkou, record.sen_keisha, declination, record.henkaku_done);
   }
-  plane_echo(teller, record.soukou, record.keisha, read);
-  line_echo(teller, record.sen_houkou, record.sen_keisha, declination, record.henkaku_done);
+  tell_numbers(teller, boxes, record);
   return echo;
 }
 

@@ -1,6 +1,5 @@
 #include "ui/frame6.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
@@ -26,7 +25,7 @@ using namespace observations;
 
 // Logical pixels.
 constexpr int mark_side = 72, symbol_side = 96;
-constexpr int memo_height = 72, notes_height = 58, arrow_width = 18;
+constexpr int memo_height = 72, notes_height = 72;
 constexpr int least_form_height = 96;
 
 // A form that scrolls up and down alone, and is never narrower than its texts.
@@ -75,15 +74,18 @@ QHBoxLayout* row_in(QWidget* widget) {
   return row;
 }
 
-QToolButton* arrow(const char* name, Qt::ArrowType type) {
-  auto* button = named(new QToolButton, name);
-  button->setArrowType(type);
-  button->setAutoRepeat(true);
-  button->setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same in the box
-  button->setFixedWidth(arrow_width);
-  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-  return button;
-}
+// Half of a scroll control: as high as half the box beside it.
+class Arrow : public QToolButton {
+ public:
+  explicit Arrow(Qt::ArrowType type) {
+    setArrowType(type);
+    setAutoRepeat(true);
+    setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same in the box
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  }
+  QSize sizeHint() const override { return {18, 11}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 }  // namespace
 
@@ -139,9 +141,16 @@ QLineEdit* Frame6::text_row(QFormLayout* form, const char* label_name, int box, 
   auto* label = named(new QLabel, label_name);
   auto* edit = named(new QLineEdit, name);
   edit->setMinimumWidth(100);
-  auto* slip = edit->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+  // Within the box, at its end: shown while the text is marked.
+  auto* inside = new QHBoxLayout(edit);
+  inside->setContentsMargins(0, 0, 4, 0);
+  auto* slip = new QLabel;
   slip->setObjectName(QString(name) + "_slip");
-  slip->setVisible(false);
+  slip->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(14, 14));
+  slip->setCursor(Qt::ArrowCursor);
+  slip->hide();
+  inside->addStretch(1);
+  inside->addWidget(slip);
   label->setBuddy(edit);
   texts_[static_cast<std::size_t>(box)] = edit;
   form->addRow(label, edit);
@@ -188,8 +197,8 @@ void Frame6::add_plane(QFormLayout* form) {
   auto* arrows = new QVBoxLayout(scroll);
   arrows->setContentsMargins(0, 0, 0, 0);
   arrows->setSpacing(0);
-  arrows->addWidget(arrow("VScroll2_up", Qt::UpArrow));
-  arrows->addWidget(arrow("VScroll2_down", Qt::DownArrow));
+  arrows->addWidget(named(new Arrow(Qt::UpArrow), "VScroll2_up"));
+  arrows->addWidget(named(new Arrow(Qt::DownArrow), "VScroll2_down"));
   auto* pair = new QWidget;
   auto* row = row_in(pair);
   const int at = form->rowCount() - 1;

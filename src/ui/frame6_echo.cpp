@@ -1,6 +1,5 @@
 // How the panel's texts will be read, shown beside them, and the marks on boxes whose text is read in another way than
 // it looks or can't be stored.
-#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -30,9 +29,10 @@ void box_mark(QWidget* box, const char* frame, const QString& told) {
   if (box->styleSheet() != style) box->setStyleSheet(style);
   box->setToolTip(frame ? told : box->property("hint").toString());
   box->setAccessibleDescription(frame ? told : QString());
-  if (auto* icon = box->findChild<QAction*>(box->objectName() + "_slip")) {
+  if (auto* icon = box->findChild<QLabel*>(box->objectName() + "_slip")) {
     icon->setVisible(frame);
     icon->setToolTip(told);
+    static_cast<QLineEdit*>(box)->setTextMargins(0, 0, frame ? icon->sizeHint().width() + 2 : 0, 0);
   }
 }
 
