@@ -125,6 +125,10 @@ class Frm_main : public QMainWindow {
   void panel_command(const QString& name);
   void save_record();
   void close_record();
+  void perform_panel(const std::function<void()>& procedure);
+  void show_memo();
+  void open_shape();
+  void open_shape_make();
   void end_line();
   void undo(bool again);
   void show_undo();

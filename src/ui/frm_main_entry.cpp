@@ -10,11 +10,14 @@
 #include <QTabWidget>
 
 #include "core/session/entry.h"
+#include "core/session/shape_of_entry.h"
 #include "core/session/undo.h"
 #include "core/undo.h"
 #include "ui/canvas_view.h"
 #include "ui/frame6.h"
 #include "ui/frm_main.h"
+#include "ui/frm_shape.h"
+#include "ui/frm_shape_make.h"
 #include "ui/observation_table.h"
 #include "ui/toolkit_text.h"
 
@@ -129,6 +132,9 @@ void Frm_main::panel_command(const QString& name) {
   if (name == "Command22") return close_record();
   if (name == "Command6") return perform([this] { return session::Command6(session_, ports_); });
   if (name == "Command31") return end_line();
+  if (name == "Command1") return perform_panel([this] { session::Command1(session_, ports_); });
+  if (name == "Command7") return open_shape();
+  if (name == "Command23") return show_memo();
   if (name == "surface_add") return guarded([this] { session::surface_add(session_, ports_), show_undo(); });
 }
 
@@ -153,6 +159,37 @@ void Frm_main::close_record() {
     show(Redraw::all);
   });
   records_changed();
+}
+
+void Frm_main::perform_panel(const std::function<void()>& procedure) {
+  guarded(procedure);
+  Frame6_->boxes_out();
+  show_undo();
+}
+
+// Without a file of its own, or a program for it, the memo is written in the panel.
+void Frm_main::show_memo() {
+  guarded([this] {
+    if (session::Command23(session_, ports_) == observations::Memo_shown::panel)
+      Frame6_->findChild<QWidget*>("memo")->setFocus();
+  });
+}
+
+void Frm_main::open_shape() {
+  guarded([this] {
+    const platform::Journal_operation operation(ports_.journal, "Shapeファイル作成", "Make Shapefile");
+    session::Command7(session_, ports_);
+    Frm_Shape(session_.settings, ports_, ports_.clock, this).exec();
+  });
+  show_undo();
+}
+
+void Frm_main::open_shape_make() {
+  guarded([this] {
+    const platform::Journal_operation operation(ports_.journal, "Shapeファイル作成", "Make Shapefile");
+    Frm_ShapeMake(session_.settings, ports_, ports_.clock, this).exec();
+  });
+  show_undo();
 }
 
 void Frm_main::end_line() {

@@ -31,6 +31,7 @@ constexpr Own_text own_texts[] = {
     {"menu_bor_touroku",  "ボーリング登録",         "Borehole registration"},
     {"menu_edit",         "編集",                   "Edit"},
     {"menu_view",         "表示",                   "View"},
+    {"shape_make",        "Shapeファイル作成...",   "Make a Shapefile..."},
     {"observation_table", "登録地点の一覧...",      "Table of observations..."},
     {"menu_Japanese",     "日本語 (Japanese)",      "日本語 (Japanese)"},
     {"menu_English",      "英語 (English)",         "English"},

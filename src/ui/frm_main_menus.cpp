@@ -52,6 +52,7 @@ void Frm_main::build_menus() {
   QMenu* const tool = menuBar()->addMenu(QString());
   tool->setObjectName("menu_tool");
   for (const char* name : {"menu_dc_read", "menu_keiro", "GPS_MNEA", "menu_bor_touroku"}) add_action(tool, name, false);
+  connect(add_action(tool, "shape_make", true), &QAction::triggered, this, [this] { open_shape_make(); });
   tool->addSeparator();
   for (const char* name : {"menu_bunkatu", "menu_PDAbunkatu", "menu_PDAkiridasi", "menu_PDA", "mnu_Trailbook"})
     add_action(tool, name, false);
