@@ -98,7 +98,7 @@ Variant started_excel() {
 Variant sheet_of(const Variant& book, const std::string& name) {
   try {
     const Variant wanted(wide(name));
-    return invoke(book, L"Worksheets", get, {&wanted});
+    return invoke(invoke(book, L"Worksheets", get, {}), L"Item", get, {&wanted});
   } catch (const Refused&) {
     return {};
   }
@@ -134,13 +134,11 @@ Sheet_outcome fill(const Variant& excel, const Sheet_job& job) {
 Sheet_outcome excel_fill(const Sheet_job& job) {
   const bool begun = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   Sheet_outcome outcome = Sheet_outcome::no_program;
-  {
+  try {
     const Variant excel = started_excel();
-    if (excel.value.vt == VT_DISPATCH) try {
-        outcome = fill(excel, job);
-      } catch (const Refused&) {
-        outcome = Sheet_outcome::failed;
-      }
+    if (excel.value.vt == VT_DISPATCH) outcome = fill(excel, job);
+  } catch (const Refused&) {
+    outcome = Sheet_outcome::failed;
   }
   if (begun) CoUninitialize();
   return outcome;
