@@ -185,9 +185,9 @@ void Observation_table::set_captions() {
   for (int i = 0; i < kept_->count(); ++i) kept_->setItemText(i, either(kept_texts[i].japanese, kept_texts[i].english));
   table_->setAccessibleName(either("登録地点", "Registered observations"));
   show_action_->setText(either("地図で表示(&M)", "Show on the &map"));
-  change_action_->setText(either("変更...(&H)", "C&hange..."));
+  change_action_->setText(either("変更(&H)...", "C&hange..."));
   copy_action_->setText(either("行をコピー(&C)", "&Copy rows"));
-  change_->setText(either("変更...(&H)", "C&hange..."));
+  change_->setText(either("変更(&H)...", "C&hange..."));
   change_->setToolTip(
       either("選択した地点を入力画面で開きます。(Enter)", "Opens the record in the entry panel (Enter)."));
   close_->setText(either("閉じる(&C)", "&Close"));
