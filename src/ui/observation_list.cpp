@@ -43,19 +43,21 @@ const char* correction_word(Correction correction, bool japanese) {
 }
 
 // "N8W 352.0°": the text of the map's display and its azimuth; a "?" behind a strike that doesn't read as it stands.
-void take_true_strike(Listed& listed, const Record& record, std::optional<double> declination, bool japanese) {
+void take_true_strike(Listed& listed, bool japanese) {
+  const Record& record = listed.record;
   if (!has_strike(record)) return;
   const observations::Understood plane =
-      observations::understood(record.soukou, record.keisha, declination, record.henkaku_done);
+      observations::understood(record.soukou, record.keisha, listed.declination, record.henkaku_done);
   listed.correction = plane.correction;
-  listed.declination = plane.declination;
+  listed.added = plane.declination;
   listed.true_azimuth = plane.corrected.azimuth;
   listed.true_strike = plane.corrected_strike + " " + platform::format_number(plane.corrected.azimuth, "##0.0") + "°";
   if (plane.strike != Reading::fits) listed.true_strike += " ?";
   listed.true_strike += correction_word(plane.correction, japanese);
 }
 
-std::string text_of(const Record& record, const Listed& listed, int touroku, int column, bool japanese) {
+std::string text_of(const Listed& listed, int touroku, int column, bool japanese) {
+  const Record& record = listed.record;
   switch (column) {
     case column_record:
       return platform::number_text(touroku);
@@ -118,7 +120,8 @@ std::vector<std::string> words_of(std::string_view text) {
   return words;
 }
 
-bool is_kept(const Record& record, const Listed& listed, Kept kept) {
+bool is_kept(const Listed& listed, Kept kept) {
+  const Record& record = listed.record;
   switch (kept) {
     case Kept::with_strike:
       return has_strike(record);
@@ -159,7 +162,8 @@ bool sorts_by_number(int column) {
   }
 }
 
-Sort_key sort_key(const Record& record, const Listed& listed, int touroku, int column, bool japanese) {
+Sort_key sort_key(const Listed& listed, int touroku, int column, bool japanese) {
+  const Record& record = listed.record;
   Sort_key key;
   key.record = touroku;
   if (column == column_X || column == column_Y) {
@@ -167,7 +171,7 @@ Sort_key sort_key(const Record& record, const Listed& listed, int touroku, int c
     key.number = column == column_X ? record.X : record.Y;
     return key;
   }
-  key.text = platform::fold_case(text_of(record, listed, touroku, column, japanese));
+  key.text = platform::fold_case(text_of(listed, touroku, column, japanese));
   key.empty = key.text.empty();
   if (column == column_true_strike)
     key.number = listed.true_azimuth;
@@ -218,56 +222,60 @@ int order_of_keys(const Sort_key& a, const Sort_key& b) {
   return order_of_folded(a.text, b.text);
 }
 
+Listed listed_of(const Record& record, std::optional<double> declination, int touroku, bool japanese) {
+  Listed listed;
+  listed.record = record;
+  listed.declination = declination;
+  listed.identity = identity_of(record);
+  take_true_strike(listed, japanese);
+  std::string texts;
+  for (int column = 0; column < list_columns; ++column) texts += text_of(listed, touroku, column, japanese) + '\n';
+  listed.searched = platform::fold_case(texts);
+  return listed;
+}
+
 }  // namespace
 
 Observation_list observation_list(const observations::Registry& registry, const observations::Drawn_records& drawn,
-                                  bool japanese) {
+                                  bool japanese, const Observation_list& before) {
   Observation_list list;
   list.japanese = japanese;
-  list.rows.resize(static_cast<std::size_t>(registry.N));
+  list.rows.reserve(static_cast<std::size_t>(registry.N));
   for (int touroku = 1; touroku <= registry.N; ++touroku) {
     const Record& record = registry.rows[touroku];
-    const auto row = static_cast<std::size_t>(touroku - 1);
-    Listed& listed = list.rows[row];
-    listed.identity = identity_of(record);
-    take_true_strike(listed, record, row < drawn.declinations.size() ? drawn.declinations[row] : std::nullopt,
-                     japanese);
-    std::string texts;
-    for (int column = 0; column < list_columns; ++column)
-      texts += text_of(record, listed, touroku, column, japanese) + '\n';
-    listed.searched = platform::fold_case(texts);
+    const std::size_t row = list.rows.size();
+    const std::optional<double> declination = row < drawn.declinations.size() ? drawn.declinations[row] : std::nullopt;
+    const bool unchanged = row < before.rows.size() && before.japanese == japanese &&
+                           before.rows[row].declination == declination && before.rows[row].record == record;
+    list.rows.push_back(unchanged ? before.rows[row] : listed_of(record, declination, touroku, japanese));
   }
   return list;
 }
 
-std::string cell_text(const Observation_list& list, const observations::Registry& registry, int touroku, int column) {
-  if (touroku < 1 || touroku > registry.N || touroku > static_cast<int>(list.rows.size())) return {};
-  return text_of(registry.rows[touroku], list.rows[static_cast<std::size_t>(touroku - 1)], touroku, column,
-                 list.japanese);
+std::string cell_text(const Observation_list& list, int touroku, int column) {
+  if (touroku < 1 || touroku > static_cast<int>(list.rows.size())) return {};
+  return text_of(list.rows[static_cast<std::size_t>(touroku - 1)], touroku, column, list.japanese);
 }
 
-std::vector<int> filtered(const Observation_list& list, const observations::Registry& registry, std::string_view words,
-                          Kept kept) {
+std::vector<int> filtered(const Observation_list& list, std::string_view words, Kept kept) {
   const std::vector<std::string> sought = words_of(words);
   std::vector<int> records;
-  const int count = std::min(registry.N, static_cast<int>(list.rows.size()));
-  for (int touroku = 1; touroku <= count; ++touroku) {
-    const Listed& listed = list.rows[static_cast<std::size_t>(touroku - 1)];
+  int touroku = 0;
+  for (const Listed& listed : list.rows) {
+    ++touroku;
     const bool held = std::all_of(sought.begin(), sought.end(), [&](const std::string& word) {
       return listed.searched.find(word) != std::string::npos;
     });
-    if (held && is_kept(registry.rows[touroku], listed, kept)) records.push_back(touroku);
+    if (held && is_kept(listed, kept)) records.push_back(touroku);
   }
   return records;
 }
 
-void sort_records(const Observation_list& list, const observations::Registry& registry, int column, bool descending,
-                  std::vector<int>& records) {
+void sort_records(const Observation_list& list, int column, bool descending, std::vector<int>& records) {
   std::vector<Sort_key> keys;
   keys.reserve(records.size());
   for (const int touroku : records)
-    keys.push_back(sort_key(registry.rows[touroku], list.rows[static_cast<std::size_t>(touroku - 1)], touroku, column,
-                            list.japanese));
+    keys.push_back(sort_key(list.rows[static_cast<std::size_t>(touroku - 1)], touroku, column, list.japanese));
   std::stable_sort(keys.begin(), keys.end(), [descending](const Sort_key& a, const Sort_key& b) {
     if (a.empty != b.empty) return b.empty;
     const int order = order_of_keys(a, b);

@@ -2,6 +2,7 @@
 // which of them a filter keeps. Texts are UTF-8, records are told by their number from 1; it knows no widget.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,13 +40,15 @@ enum List_column {
 // What a person wants to see of the list, beside the words of the filter.
 enum class Kept { all, with_strike, lineations, lines_and_areas, uncorrected, with_image };
 
-// What is worked out once for a record when the registry was read.
+// A record as it was read, and what is worked out from it once.
 struct Listed {
-  std::string identity;     // identity_of the record
-  std::string searched;     // the texts of all its cells in small letters, each ended by a line end
-  std::string true_strike;  // empty without a strike
-  double true_azimuth = 0;  // degrees, 0 up to 360
-  double declination = 0;   // that was added
+  observations::Record record;
+  std::optional<double> declination;  // at its place, degrees; none where it isn't known
+  std::string identity;               // identity_of the record
+  std::string searched;               // the texts of all its cells in small letters, each ended by a line end
+  std::string true_strike;            // empty without a strike
+  double true_azimuth = 0;            // degrees, 0 up to 360
+  double added = 0;                   // the declination that the true strike has taken, rounded as the displays do
   observations::Correction correction = observations::Correction::unknown;
 };
 
@@ -56,23 +59,21 @@ struct Observation_list {
 };
 
 // The list of all records, with the true strikes for the declinations of `drawn`. A record of which `drawn` tells no
-// declination counts as uncorrected.
+// declination counts as uncorrected. Rows that are still those of `before` are taken from it.
 Observation_list observation_list(const observations::Registry& registry, const observations::Drawn_records& drawn,
-                                  bool japanese);
+                                  bool japanese, const Observation_list& before = {});
 
-// The text of a cell; empty for a record that the table doesn't hold. Positions stand as degrees, minutes and seconds
+// The text of a cell; empty for a record that the list doesn't hold. Positions stand as degrees, minutes and seconds
 // where they are geographic, with " m" behind otherwise.
-std::string cell_text(const Observation_list& list, const observations::Registry& registry, int touroku, int column);
+std::string cell_text(const Observation_list& list, int touroku, int column);
 
 // The numbers of the records that hold each word of `words` (parted by half- or full-width blanks) in one of their
 // cells, without regard to case, and that `kept` keeps. In the order of the file.
-std::vector<int> filtered(const Observation_list& list, const observations::Registry& registry, std::string_view words,
-                          Kept kept);
+std::vector<int> filtered(const Observation_list& list, std::string_view words, Kept kept);
 
 // Sorts record numbers that stand in the order of the file: numbers by value, texts with numbers in natural order,
 // equal ones as in the file, empty cells last in either direction.
-void sort_records(const Observation_list& list, const observations::Registry& registry, int column, bool descending,
-                  std::vector<int>& records);
+void sort_records(const Observation_list& list, int column, bool descending, std::vector<int>& records);
 
 // Below, at or above 0 as `a` stands before, with or behind `b`: runs of digits by their value, all else without regard
 // to case. "081115-2" stands before "081115-10".

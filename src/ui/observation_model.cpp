@@ -24,36 +24,74 @@ using observations::Record;
 struct Column_text {
   const char* japanese;
   const char* english;
-  const char* japanese_hint;
-  const char* english_hint;
   bool number;        // stands on the right
   const char* usual;  // as wide as its texts usually are
+  const char* japanese_hint;
+  const char* english_hint;
 };
 
 // clang-format off
 constexpr std::array<Column_text, list_columns> column_texts{{
-    {"番号",     "Record",       "登録ファイルの中の順番",                        "Place in the registration file",                    true,  "15000"},
-    {"登録番号", "Registration no.",       "登録番号",                                      "Registration number",                               false, "081115-001-"},
-    {"計測番号", "Measurement no.",  "走向傾斜計測番号",                              "Measurement number of the clinometer",              true,  "0000"},
-    {"計測対象", "Object",       "計測対象",                                      "Measured object",                                   false, "地層境界面-"},
-    {"地層名",   "Stratum",      "地層名",                                        "Name of the stratum",                               false, "砂岩泥岩互層"},
-    {"X",        "X",            "経度、または図葉の左下からの距離(m)",           "Longitude, or metres from the sheet's corner",      true,  "E 138°51'44.84\"-"},
-    {"Y",        "Y",            "緯度、または図葉の左下からの距離(m)",           "Latitude, or metres from the sheet's corner",       true,  "N 38°51'44.84\"-"},
-    {"Z",        "Z",            "標高(m)",                                       "Elevation in metres",                               true,  "1234.5"},
-    {"走向",     "Strike",       "入力された走向",                                "Strike as it was entered",                          false, "N88.8W-"},
-    {"傾斜",     "Dip",          "入力された傾斜",                                "Dip as it was entered",                             false, "88.8W"},
-    {"真の走向", "True strike",  "偏角を加えた走向と方位角。未補正: 偏角が不明。補正済: 入力値が真北。?: 読めない文字がある",
-                                 "Strike after declination and its azimuth. uncorrected: no declination is known. already true: as entered. ?: not read as it stands",
-                                                                                                                                       false, "N88.8W 188.8° 未補正-"},
-    {"線傾斜",   "Plunge",       "線構造の傾斜",                                  "Plunge of the lineation",                           false, "88.8W"},
-    {"線方向",   "Trend",        "線構造の方向",                                  "Trend of the lineation",                            false, "N88.8W"},
-    {"マーク",   "Mark",         "マーク",                                        "Mark",                                              false, "filled circle"},
-    {"大きさ",   "Size",         "マークの大きさと色",                            "Size and colour of the mark",                       false, "■ 10-"},
-    {"頂点数",   "Vertices",     "線・範囲の頂点の数",                            "Vertices of a line or an enclosure",                true,  "138"},
-    {"計測時刻", "Time",         "クリノメータの計測時刻",                        "Time of the measurement by the clinometer",         false, "2008/11/15 09:30:00-"},
-    {"画像",     "Image",        "画像ファイル名",                                "Picture or sheet file",                             false, "RIMG0001.JPG-"},
-    {"境界",     "Boundary",     "境界に使用する",                                "Used as a boundary",                                false, "境界"},
-    {"偏角",     "Declination",  "偏角補正済みデータ(偏角補正を行わない。)",      "Already corrected for declination",                 false, "補正済"},
+    {"番号",     "Record",           true,  "15000",
+     "登録ファイルの中の順番",
+     "Place in the registration file"},
+    {"登録番号", "Registration no.", false, "081115-001-",
+     "登録番号",
+     "Registration number"},
+    {"計測番号", "Measurement no.",  true,  "0000",
+     "走向傾斜計測番号",
+     "Measurement number of the clinometer"},
+    {"計測対象", "Object",           false, "地層境界面-",
+     "計測対象",
+     "Measured object"},
+    {"地層名",   "Stratum",          false, "砂岩泥岩互層",
+     "地層名",
+     "Name of the stratum"},
+    {"X",        "X",                true,  "E 138°51'44.84\"-",
+     "経度、または図葉の左下からの距離(m)",
+     "Longitude, or metres from the sheet's corner"},
+    {"Y",        "Y",                true,  "N 38°51'44.84\"-",
+     "緯度、または図葉の左下からの距離(m)",
+     "Latitude, or metres from the sheet's corner"},
+    {"Z",        "Z",                true,  "1234.5",
+     "標高(m)",
+     "Elevation in metres"},
+    {"走向",     "Strike",           false, "N88.8W-",
+     "入力された走向",
+     "Strike as it was entered"},
+    {"傾斜",     "Dip",              false, "88.8W",
+     "入力された傾斜",
+     "Dip as it was entered"},
+    {"真の走向", "True strike",      false, "N88.8W 188.8° 未補正-",
+     "偏角を加えた走向と方位角。未補正: 偏角が不明。補正済: 入力値が真北。?: 読めない文字がある",
+     "Strike after declination and its azimuth. uncorrected: no declination is known. already true: as entered. ?: not read as it stands"},
+    {"線傾斜",   "Plunge",           false, "88.8W",
+     "線構造の傾斜",
+     "Plunge of the lineation"},
+    {"線方向",   "Trend",            false, "N88.8W",
+     "線構造の方向",
+     "Trend of the lineation"},
+    {"マーク",   "Mark",             false, "filled circle",
+     "マーク",
+     "Mark"},
+    {"大きさ",   "Size",             false, "■ 10-",
+     "マークの大きさと色",
+     "Size and colour of the mark"},
+    {"頂点数",   "Vertices",         true,  "138",
+     "線・範囲の頂点の数",
+     "Vertices of a line or an enclosure"},
+    {"計測時刻", "Time",             false, "2008/11/15 09:30:00-",
+     "クリノメータの計測時刻",
+     "Time of the measurement by the clinometer"},
+    {"画像",     "Image",            false, "RIMG0001.JPG-",
+     "画像ファイル名",
+     "Picture or sheet file"},
+    {"境界",     "Boundary",         false, "境界",
+     "境界に使用する",
+     "Used as a boundary"},
+    {"偏角",     "Declination",      false, "補正済",
+     "偏角補正済みデータ(偏角補正を行わない。)",
+     "Already corrected for declination"},
 }};
 // clang-format on
 
@@ -103,7 +141,7 @@ Observation_model::Observation_model(const session::Session& session, QObject* p
 std::vector<int> Observation_model::registry_read() {
   beginResetModel();
   Observation_list list =
-      observation_list(session_.registry, session_.drawn_records, core::is_japanese(session_.settings.language));
+      observation_list(session_.registry, session_.drawn_records, core::is_japanese(session_.settings.language), list_);
   std::vector<int> numbers = followed(list_, list);
   list_ = std::move(list);
   arrange();
@@ -134,8 +172,8 @@ void Observation_model::sort(int column, Qt::SortOrder order) {
 }
 
 void Observation_model::arrange() {
-  shown_ = filtered(list_, session_.registry, from_toolkit(words_), kept_);
-  sort_records(list_, session_.registry, sort_column_, descending_, shown_);
+  shown_ = filtered(list_, from_toolkit(words_), kept_);
+  sort_records(list_, sort_column_, descending_, shown_);
   row_of_.assign(list_.rows.size(), -1);
   for (std::size_t row = 0; row < shown_.size(); ++row)
     row_of_[static_cast<std::size_t>(shown_[row] - 1)] = static_cast<int>(row);
@@ -158,7 +196,7 @@ int Observation_model::found(const std::string& identity, int touroku) const {
 }
 
 QString Observation_model::text_at(int row, int column) const {
-  return to_toolkit(cell_text(list_, session_.registry, touroku_at(row), column));
+  return to_toolkit(cell_text(list_, touroku_at(row), column));
 }
 
 int Observation_model::rowCount(const QModelIndex& parent) const {
@@ -171,8 +209,7 @@ int Observation_model::columnCount(const QModelIndex& parent) const {
 
 QVariant Observation_model::data(const QModelIndex& index, int role) const {
   const int touroku = index.isValid() ? touroku_at(index.row()) : 0;
-  // The table may have become shorter since it was listed.
-  if (touroku == 0 || touroku > session_.registry.N) return {};
+  if (touroku == 0) return {};
   const int column = index.column();
   switch (role) {
     case Qt::DisplayRole:
@@ -185,7 +222,7 @@ QVariant Observation_model::data(const QModelIndex& index, int role) const {
       if (is_uncorrected(touroku, column)) return QColor(0xb7, 0x1c, 0x1c);  // red as on the map
       return {};
     case Qt::DecorationRole:
-      if (column == column_size) return swatch(colour_of(session_.registry.rows[touroku]));
+      if (column == column_size) return swatch(colour_of(listed(touroku).record));
       return {};
     default:
       return {};
@@ -203,14 +240,12 @@ QVariant Observation_model::headerData(int section, Qt::Orientation orientation,
 }
 
 bool Observation_model::is_uncorrected(int touroku, int column) const {
-  const Listed& listed = list_.rows[static_cast<std::size_t>(touroku - 1)];
-  return column == column_true_strike && listed.correction == Correction::unknown;
+  return column == column_true_strike && listed(touroku).correction == Correction::unknown;
 }
 
 // The stored value where the cell shows another form, the whole text otherwise, for a column that is too narrow for it.
 QString Observation_model::tool_tip(int touroku, int column) const {
-  const Record& record = session_.registry.rows[touroku];
-  const Listed& listed = list_.rows[static_cast<std::size_t>(touroku - 1)];
+  const Record& record = listed(touroku).record;
   const bool japanese = list_.japanese;
   const auto stored = [japanese](double value) {
     return either(japanese, "登録値: ", "Stored: ") + to_toolkit(platform::format_number(value, "######0.#0"));
@@ -219,11 +254,11 @@ QString Observation_model::tool_tip(int touroku, int column) const {
   if (column == column_Y) return stored(record.Y);
   if (column == column_corrected && !record.decl_flag2.empty())
     return either(japanese, "計測器に偏角が設定されていました。", "A declination was set in the instrument.");
-  if (column == column_true_strike && !listed.true_strike.empty()) {
-    switch (listed.correction) {
+  if (column == column_true_strike && !listed(touroku).true_strike.empty()) {
+    switch (listed(touroku).correction) {
       case Correction::applied:
         return either(japanese, "加えた偏角: ", "Declination added: ") +
-               to_toolkit(platform::format_number(listed.declination, "##0.0")) + "°";
+               to_toolkit(platform::format_number(listed(touroku).added, "##0.0")) + "°";
       case Correction::not_taken:
         return either(japanese, "補正済みのデータなので、偏角は加えません。",
                       "Already corrected: no declination is added.");
@@ -231,7 +266,7 @@ QString Observation_model::tool_tip(int touroku, int column) const {
         return either(japanese, "偏角が分からないため、未補正です。", "Uncorrected, since no declination is known.");
     }
   }
-  return to_toolkit(cell_text(list_, session_.registry, touroku, column));
+  return to_toolkit(cell_text(list_, touroku, column));
 }
 
 }  // namespace ui

@@ -12,7 +12,7 @@ class Observation_model : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  // Shows what the registry held at the last registry_read(); nothing before the first.
+  // Shows the records as they were at the last registry_read(); nothing before the first.
   explicit Observation_model(const session::Session& session, QObject* parent = nullptr);
 
   // The registry was read anew. For each record of before (from index 0) its number now, 0 where it went.
@@ -37,6 +37,7 @@ class Observation_model : public QAbstractTableModel {
 
  private:
   void arrange();
+  const Listed& listed(int touroku) const { return list_.rows[static_cast<std::size_t>(touroku - 1)]; }
   bool is_uncorrected(int touroku, int column) const;
   QString tool_tip(int touroku, int column) const;
 

@@ -25,7 +25,8 @@ namespace {
 
 constexpr QSize first_size(1100, 520);
 constexpr QSize least_size(560, 260);
-constexpr int cell_margin = 14;
+constexpr int cell_margin = 12;
+constexpr int sort_mark = 16;  // beside the caption
 constexpr int swatch_side = 12;
 
 struct Kept_text {
@@ -184,9 +185,9 @@ void Observation_table::set_captions() {
   for (int i = 0; i < kept_->count(); ++i) kept_->setItemText(i, either(kept_texts[i].japanese, kept_texts[i].english));
   table_->setAccessibleName(either("登録地点", "Registered observations"));
   show_action_->setText(either("地図で表示(&M)", "Show on the &map"));
-  change_action_->setText(either("変更...(&E)", "&Edit..."));
+  change_action_->setText(either("変更(&H)...", "C&hange..."));
   copy_action_->setText(either("行をコピー(&C)", "&Copy rows"));
-  change_->setText(either("変更...(&E)", "&Edit..."));
+  change_->setText(either("変更(&H)...", "C&hange..."));
   change_->setToolTip(
       either("選択した地点を入力画面で開きます。(Enter)", "Opens the record in the entry panel (Enter)."));
   close_->setText(either("閉じる(&C)", "&Close"));
@@ -202,7 +203,7 @@ void Observation_table::usual_columns() {
   for (int column = 0; column < list_columns; ++column) {
     const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     const int needed = std::max(metrics.horizontalAdvance(QString::fromUtf8(usual_text(column, japanese))),
-                                metrics.horizontalAdvance(caption) + 2 * cell_margin);
+                                metrics.horizontalAdvance(caption) + sort_mark);
     header->setSectionHidden(column, false);
     header->moveSection(header->visualIndex(column), column);
     header->resizeSection(column, needed + cell_margin);

@@ -17,13 +17,13 @@ struct Observation_list : testing::Test {
     support::fill_registry(session, lines, declination);
     list = ui::observation_list(session.registry, session.drawn_records, japanese);
   }
-  std::string cell(int touroku, int column) const { return ui::cell_text(list, session.registry, touroku, column); }
+  std::string cell(int touroku, int column) const { return ui::cell_text(list, touroku, column); }
   std::vector<int> filtered(std::string_view words, Kept kept = Kept::all) const {
-    return ui::filtered(list, session.registry, words, kept);
+    return ui::filtered(list, words, kept);
   }
   std::vector<int> sorted(int column, bool descending = false) const {
     std::vector<int> records = filtered("");
-    ui::sort_records(list, session.registry, column, descending, records);
+    ui::sort_records(list, column, descending, records);
     return records;
   }
 };
@@ -151,6 +151,20 @@ TEST_F(Observation_list, ComparesRunsOfDigitsByTheirValue) {
   EXPECT_LT(ui::natural_order("12", "12a"), 0);
   EXPECT_LT(ui::natural_order("99999999999999999999998", "99999999999999999999999"), 0);
   EXPECT_LT(ui::natural_order("a1", "砂"), 0);
+}
+
+TEST_F(Observation_list, MakesTheRowsThatChangedAnew) {
+  read(support::five_records, 0.0);
+  std::vector<std::string> lines = support::five_records;
+  lines[0] = support::Point_line{"new", "N30E", "5E", "", "0"}.text();
+  support::fill_registry(session, lines, 0.0);
+  session.drawn_records.declinations[1] = 5.0;
+  const ui::Observation_list again = ui::observation_list(session.registry, session.drawn_records, true, list);
+  EXPECT_EQ(ui::cell_text(again, 1, ui::column_registration), "new");
+  EXPECT_EQ(again.rows[1].declination, 5.0);
+  EXPECT_EQ(again.rows[2].searched, list.rows[2].searched);
+  const ui::Observation_list english = ui::observation_list(session.registry, session.drawn_records, false, again);
+  EXPECT_EQ(ui::cell_text(english, 2, ui::column_corrected), "corrected");
 }
 
 std::string line(const char* number, const char* height = "") {
