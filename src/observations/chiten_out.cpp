@@ -101,11 +101,13 @@ std::optional<double> declination_of(const Record& record, const Geomagnetic_fie
 Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   Drawn_records drawn;
   drawn.symbols.reserve(static_cast<std::size_t>(registry.N));
+  drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
   for (int row = 1; row <= registry.N; ++row) {
     const Record& record = registry.rows[row];
     const bool has_strike = !record.soukou.empty() || !record.sen_houkou.empty();
     const std::optional<double> decl = has_strike ? declination_of(record, field, canvas) : std::nullopt;
     drawn.symbols.push_back(symbol_of(record, decl.value_or(0), decl.has_value()));
+    drawn.declinations.push_back(decl);
   }
   return drawn;
 }

@@ -25,6 +25,8 @@ struct Chiten_choice {
 // One for each record of the table.
 struct Drawn_records {
   std::vector<Symbol> symbols;
+  // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
+  std::vector<std::optional<double>> declinations;
 };
 
 // The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.
