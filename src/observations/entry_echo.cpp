@@ -26,7 +26,7 @@ struct Named_box {
 
 constexpr Named_box strike_box{box_soukou, "走向", "Strike"}, dip_box{box_keisha, "傾斜", "Dip"},
     line_direction_box{box_sen_houkou, "線方向", "Line direction"}, line_dip_box{box_sen_keisha, "線傾斜", "Line dip"},
-    X_box{box_X, "X", "X"}, Y_box{box_Y, "Y", "Y"}, Z_box{box_Z, "Z", "Z"},
+    X_box{box_X, "X", "X"}, Y_box{box_Y, "Y", "Y"}, Z_box{box_Z, "Z", "H"},
     measurement_box{box_measurement, "走向傾斜計測番号", "Measurement number"};
 
 // What the sentences of one echo are made with.

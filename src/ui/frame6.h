@@ -86,8 +86,8 @@ class Frame6 : public QWidget {
   // frame6_echo.cpp
   void echo_out();
   void cells_out(const observations::Entry_echo& echo);
-  void sentences_out(const observations::Entry_echo& echo);
-  void boxes_mark(const observations::Entry_echo& echo);
+  void sentences_out(const observations::Entry_echo& echo, const QStringList& not_storable);
+  QStringList boxes_mark(const observations::Entry_echo& echo);
   void previews_out();
 
   bool japanese() const;

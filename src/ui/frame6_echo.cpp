@@ -6,6 +6,8 @@
 #include <QScrollArea>
 #include <QVariant>
 
+#include <algorithm>
+
 #include "platform/code_page_932.h"
 #include "ui/frame6.h"
 #include "ui/mark_preview.h"
@@ -53,8 +55,7 @@ void Frame6::echo_out() {
   const Entry_echo echo =
       entry_echo(session_.entry.boxes, session_.coefficients, session_.canvas, session_.settings.language);
   cells_out(echo);
-  sentences_out(echo);
-  boxes_mark(echo);
+  sentences_out(echo, boxes_mark(echo));
   previews_out();
 }
 
@@ -90,41 +91,43 @@ void Frame6::cells_out(const Entry_echo& echo) {
       ->setText(uncorrected ? either("未補正", "Uncorrected") : either("真方位", "True"));
 }
 
-void Frame6::sentences_out(const Entry_echo& echo) {
-  QStringList sentences;
+void Frame6::sentences_out(const Entry_echo& echo, const QStringList& not_storable) {
+  QStringList sentences = not_storable;
   for (const Echo_slip& slip : echo.slips) sentences.append(to_toolkit(slip.sentence));
   for (const std::string& note : echo.notes) sentences.append(to_toolkit(note));
   auto* notes = findChild<QLabel*>("echo_notes");
   notes->setText(sentences.join('\n'));
   notes->setToolTip(sentences.join('\n'));
-  findChild<QWidget*>("echo_icon")->setVisible(!echo.slips.empty());
+  findChild<QWidget*>("echo_icon")->setVisible(!echo.slips.empty() || !not_storable.isEmpty());
   findChild<QWidget*>("echo_told")->setVisible(!sentences.isEmpty());
   notes_area_->updateGeometry();
 }
 
-void Frame6::boxes_mark(const Entry_echo& echo) {
+// Gives a sentence for each box whose text can't be stored.
+QStringList Frame6::boxes_mark(const Entry_echo& echo) {
   const Entry_boxes& now = session_.entry.boxes;
-  const auto mark = [this](QWidget* box, const std::string& text, const std::string& as_read, bool is_column,
-                           const QString& slip) {
+  QStringList sentences;
+  const auto mark = [&](QWidget* box, const std::string& text, const std::string& as_read, bool is_column, int number) {
     const QString lost = not_stored(to_toolkit(text), as_read, is_column);
-    if (!lost.isEmpty())
-      box_mark(box, bad_frame, either("保存できない文字: ", "Can't be stored: ") + lost);
-    else
-      box_mark(box, slip.isEmpty() ? nullptr : slip_frame, slip);
+    if (!lost.isEmpty()) {
+      const QString told = either("保存できない文字: ", "Can't be stored: ") + lost;
+      sentences.append(box->accessibleName() + " - " + told);
+      return box_mark(box, bad_frame, told);
+    }
+    const auto slip = std::find_if(echo.slips.begin(), echo.slips.end(),
+                                   [number](const Echo_slip& found) { return found.box == number; });
+    const bool slipped = slip != echo.slips.end();
+    box_mark(box, slipped ? slip_frame : nullptr, slipped ? to_toolkit(slip->sentence) : QString());
   };
-  for (std::size_t i = 0; i < texts_.size(); ++i) {
-    QString slip;
-    for (const Echo_slip& found : echo.slips)
-      if (found.box == static_cast<int>(i)) slip = to_toolkit(found.sentence);
-    if (i == box_measurement)
-      mark(texts_[i], now.Text13, as_read_.Text13, true, slip);
-    else
-      mark(texts_[i], now.Text14[i], as_read_.Text14[i], true, slip);
-  }
-  mark(Combo6_->lineEdit(), now.Combo6, as_read_.Combo6, true, {});
-  mark(Combo7_->lineEdit(), now.Combo7, as_read_.Combo7, true, {});
-  mark(Combo2_->lineEdit(), now.Combo2, as_read_.Combo2, false, {});
-  mark(memo_, now.memo, as_read_.memo, false, {});
+  for (std::size_t i = 0; i < now.Text14.size(); ++i)
+    mark(texts_[i], now.Text14[i], as_read_.Text14[i], true, static_cast<int>(i));
+  mark(texts_[box_measurement], now.Text13, as_read_.Text13, true, box_measurement);
+  constexpr int no_slip = -1;
+  mark(Combo6_->lineEdit(), now.Combo6, as_read_.Combo6, true, no_slip);
+  mark(Combo7_->lineEdit(), now.Combo7, as_read_.Combo7, true, no_slip);
+  mark(Combo2_->lineEdit(), now.Combo2, as_read_.Combo2, false, no_slip);
+  mark(memo_, now.memo, as_read_.memo, false, no_slip);
+  return sentences;
 }
 
 void Frame6::previews_out() {

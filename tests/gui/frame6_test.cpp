@@ -295,6 +295,8 @@ TEST_P(Frame6, NamesTheCharactersThatCanNotBeStored) {
   place.type("Text14_7", "A€");
   EXPECT_TRUE(marked("Text14_7"));
   EXPECT_EQ(tip("Text14_7"), std::string(either("保存できない文字: ", "Can't be stored: ")) + "€");
+  EXPECT_EQ(place.label("echo_notes"), either("登録番号 - 保存できない文字: €", "RecordNo - Can't be stored: €"));
+  EXPECT_TRUE(find<QWidget>("echo_icon")->isVisible());
   place.type("Text14_7", "A,B");  // a comma would end the column
   EXPECT_EQ(tip("Text14_7"), std::string(either("保存できない文字: ", "Can't be stored: ")) + ",");
   place.type("Text14_7", "AB");
