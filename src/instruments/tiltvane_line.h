@@ -17,7 +17,7 @@ namespace instruments {
 
 inline constexpr int line_columns = 500;         // more are dropped
 inline constexpr int file_columns = 21;          // a line of a file has no fewer
-inline constexpr std::size_t shortest_line = 7;  // bytes; a shorter line is no record
+inline constexpr std::size_t shortest_line = 7;  // characters; a shorter line is no record
 inline constexpr const char* no_plane = "-0-";   // a strike or an azimuth that was not measured
 
 // The first line of a measurement file.
