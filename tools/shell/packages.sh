@@ -1,8 +1,8 @@
 # Shared by ./run and ./check: installs the Debian packages that are missing.
 # shellcheck shell=bash
 
-build_packages=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libgl-dev)
-run_packages=(libqt6widgets6 qt6-qpa-plugins qt6-translations-l10n fonts-ipafont-gothic)
+build_packages=(g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-serialport-dev libgl-dev)
+run_packages=(libqt6widgets6 libqt6serialport6 qt6-qpa-plugins qt6-translations-l10n fonts-ipafont-gothic)
 display_packages=(xvfb xauth xdotool imagemagick)
 test_packages=(libgtest-dev libgmock-dev openbox gdal-bin)
 
