@@ -76,7 +76,16 @@ void lines_out(drawing::Surface& surface, Shape shape, Point at, double h, drawi
   }
 }
 
+double component(double value) {
+  return std::clamp(std::isnan(value) ? 0 : value, 0.0, 255.0);
+}
+
 }  // namespace
+
+drawing::Colour colour_of(double red, double green, double blue) {
+  const auto byte = [](double value) { return static_cast<drawing::Colour>(component(value)); };
+  return byte(red) << 16 | byte(green) << 8 | byte(blue);
+}
 
 double mark_half(double size) {
   return (size == 0 ? default_size : size) / 2 * size_unit;

@@ -7,6 +7,9 @@
 
 namespace observations {
 
+// A record's colour from its three columns, each brought into 0 to 255.
+drawing::Colour colour_of(double red, double green, double blue);
+
 // A line with the pen rule of all observation drawing: of width Int(width x 1.2), at least 1. Canvas units.
 void ld(drawing::Surface& surface, drawing::Point from, drawing::Point to, drawing::Colour colour, double width = 1);
 // A circle with the same pen rule.
