@@ -29,6 +29,10 @@ struct Drawn_records {
   std::vector<std::optional<double>> declinations;
 };
 
+// The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.
+// None without a field (order 0) or a frame, and where the field has none.
+std::optional<double> declination_of(const Record& record, const Geomagnetic_field& field, const maps::Canvas& canvas);
+
 // The symbols of all records, each with the declination of its own place. A record in metres takes that of its place on
 // a geographic sheet; without a field (order 0) or a frame its strike counts as uncorrected.
 Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas);
