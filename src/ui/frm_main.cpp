@@ -16,8 +16,11 @@
 #include <utility>
 
 #include "core/language.h"
+#include "core/session/gps_follow.h"
 #include "core/session/start_up.h"
+#include "platform/qt/qt_serial_port.h"
 #include "ui/canvas_view.h"
+#include "ui/gps_state.h"
 #include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/toolkit_text.h"
@@ -96,7 +99,10 @@ void Frm_main::build_status_bar() {
   status_y_ = add_panel(bar, "status_y", "Y -00000.00 m");
   status_latitude_ = add_panel(bar, "status_latitude", "N 00°00'00.00\"");
   status_longitude_ = add_panel(bar, "status_longitude", "E 000°00'00.00\"");
-  status_gps_ = add_panel(bar, "status_gps", "GPS");
+  gps_sheet_ = add_panel(bar, "Label16", "53394500");
+  gps_state_ = new Gps_state;
+  gps_state_->setObjectName("status_gps");
+  bar->addPermanentWidget(gps_state_);
 }
 
 void Frm_main::connect_all() {
@@ -105,6 +111,7 @@ void Frm_main::connect_all() {
   connect(VScroll1_, &QScrollBar::valueChanged, this, &Frm_main::bar_moved);
   connect_canvas();
   connect_entry();
+  connect_instruments();
 }
 
 void Frm_main::guarded(const std::function<void()>& procedure) {
@@ -165,6 +172,7 @@ void Frm_main::changeEvent(QEvent* event) {
 
 // Closing the window by its frame asks nothing, unsaved entries or not.
 void Frm_main::closeEvent(QCloseEvent* event) {
+  session::gps_stop(session_, *MSComm1_);
   session::menu_end(session_);
   QMainWindow::closeEvent(event);
 }

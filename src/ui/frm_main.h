@@ -7,6 +7,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "core/language.h"
@@ -26,11 +27,16 @@ class QTabWidget;
 class QTimer;
 class QToolButton;
 
+namespace platform {
+class Qt_serial_port;
+}
+
 namespace ui {
 
 class Canvas_view;
 class Frame2_dialog;
 class Frame6;
+class Gps_state;
 class Observation_table;
 class Sheet_model;
 
@@ -86,6 +92,7 @@ class Frm_main : public QMainWindow {
   void activate();
   void show_sheet_list();
   void open_row(int row);
+  void show_row(int row);
   void open_current_row();
   void list_clicked();
   void open_first_found();
@@ -135,6 +142,16 @@ class Frm_main : public QMainWindow {
   void show_notice();
   void open_table();
 
+  // frm_main_instruments.cpp
+  void connect_instruments();
+  void project_changed();
+  void open_clinometer();
+  void open_routes(bool nmea);
+  void open_replay();
+  void switch_gps();
+  void gps_tick();
+  void show_gps();
+
   // frm_main_language.cpp
   void switch_language(const std::string& language);
   void apply_design_captions();
@@ -164,7 +181,11 @@ class Frm_main : public QMainWindow {
   QLabel* status_y_ = nullptr;
   QLabel* status_latitude_ = nullptr;
   QLabel* status_longitude_ = nullptr;
-  QLabel* status_gps_ = nullptr;
+  QLabel* gps_sheet_ = nullptr;  // Label16: the sheet that the receiver is on
+  Gps_state* gps_state_ = nullptr;
+  QToolButton* gps_tool_ = nullptr;
+  QTimer* Timer2_ = nullptr;
+  std::unique_ptr<platform::Qt_serial_port> MSComm1_;
   QProgressBar* progress_ = nullptr;
   QLabel* shown_map_ = nullptr;
   QLabel* shown_folder_ = nullptr;

@@ -12,6 +12,7 @@
 #include "ui/frame2.h"
 #include "ui/frame6.h"
 #include "ui/frm_main.h"
+#include "ui/gps_state.h"
 #include "ui/observation_table.h"
 #include "ui/toolkit_text.h"
 
@@ -31,6 +32,9 @@ constexpr Own_text own_texts[] = {
     {"menu_bor_touroku",  "ボーリング登録",         "Borehole registration"},
     {"menu_edit",         "編集",                   "Edit"},
     {"menu_view",         "表示",                   "View"},
+    {"gps_switch",        "GPS受信",                "Live GPS"},
+    {"gps_tool",          "GPS",                    "GPS"},
+    {"gps_data_out",      "GPSデータの再生...",     "Replay GPS data..."},
     {"shape_make",        "Shapeファイル作成...",   "Make a Shapefile..."},
     {"observation_table", "登録地点の一覧...",      "Table of observations..."},
     {"menu_Japanese",     "日本語 (Japanese)",      "日本語 (Japanese)"},
@@ -105,6 +109,8 @@ void Frm_main::apply_own_texts() {
   List2_->setAccessibleName(either("図葉番号の一覧", "List of sheet codes"));
   Frame6_->Language_set();
   if (table_) table_->Language_set();
+  gps_state_->use_language(japanese());
+  show_gps();
   show_undo();
   shown_files_->setAccessibleName(either("地点登録ファイル", "Point registration files"));
 }

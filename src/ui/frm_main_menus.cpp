@@ -51,7 +51,19 @@ void Frm_main::build_menus() {
   build_edit_menu();
   QMenu* const tool = menuBar()->addMenu(QString());
   tool->setObjectName("menu_tool");
-  for (const char* name : {"menu_dc_read", "menu_keiro", "GPS_MNEA", "menu_bor_touroku"}) add_action(tool, name, false);
+  const auto add = [&](const char* name, auto procedure) {
+    QAction* const action = add_action(tool, name, true);
+    connect(action, &QAction::triggered, this, procedure);
+    return action;
+  };
+  add("menu_dc_read", [this] { open_clinometer(); })->setShortcut(QKeySequence("Ctrl+K"));
+  add("menu_keiro", [this] { open_routes(false); });
+  add("GPS_MNEA", [this] { open_routes(true); });
+  QAction* const gps = add("gps_switch", [this] { switch_gps(); });
+  gps->setCheckable(true);
+  gps->setShortcut(QKeySequence("Ctrl+G"));
+  add("gps_data_out", [this] { open_replay(); });
+  add_action(tool, "menu_bor_touroku", false);
   connect(add_action(tool, "shape_make", true), &QAction::triggered, this, [this] { open_shape_make(); });
   tool->addSeparator();
   for (const char* name : {"menu_bunkatu", "menu_PDAbunkatu", "menu_PDAkiridasi", "menu_PDA", "mnu_Trailbook"})
@@ -150,6 +162,10 @@ void Frm_main::build_tool_bar() {
   add("Command25", Icon::section, [this] { start_section_line(); });
   bar->addSeparator();
   add("Main_act_0", Icon::save_range, [this] { open_picture_save(); });
+  bar->addSeparator();
+  add("gps_tool", Icon::gps, [this] { switch_gps(); });
+  gps_tool_ = findChild<QToolButton*>("gps_tool");
+  gps_tool_->setCheckable(true);
   zoom_box_tool_ = findChild<QToolButton*>("Command19");
   section_tool_ = findChild<QToolButton*>("Command25");
   zoom_box_tool_->setCheckable(true);

@@ -238,11 +238,16 @@ void Frm_main::open_sheet_index() {
   if (dialog.exec() != QDialog::Accepted) return;
   const int row = session::row_of(session_.sheets, dialog.chosen_stem());
   if (row < 0) return;
+  show_row(row);
+  open_row(row);
+}
+
+// Chooses a row of the list without opening it.
+void Frm_main::show_row(int row) {
   list_filter_->clear();
   filling_ = true;
   List1_->setCurrentIndex(list_shown_->mapFromSource(list_model_->index(row, 0)));
   filling_ = false;
-  open_row(row);
 }
 
 }  // namespace ui

@@ -123,7 +123,7 @@ QWidget* Frm_main::build_Frame5() {
   view_box("Check5", session_.view.Check5);
   view_box("Check2", session_.view.Check2);
   view_box("Check6", session_.view.Check6);
-  column->addWidget(named(new QCheckBox, "Check8", false));
+  view_box("Check8", session_.view.Check8);
   auto* size = new QFormLayout;
   form_row(size, "label_text_size", new QComboBox, "Text1");
   form_row(size, "label_interval", new QComboBox, "Combo8");

@@ -79,6 +79,16 @@ void draw_program(QPainter& painter) {
   painter.drawLine(QPointF(12, 6.8), QPointF(13.2, 11.4));
 }
 
+// The receiver's mark on the map: cross lines and a circle.
+void draw_gps(QPainter& painter) {
+  painter.drawEllipse(QPointF(12, 12), 5.5, 5.5);
+  for (const QLineF& line :
+       {QLineF(12, 2, 12, 6.5), QLineF(12, 17.5, 12, 22), QLineF(2, 12, 6.5, 12), QLineF(17.5, 12, 22, 12)})
+    painter.drawLine(line);
+  painter.setBrush(painter.pen().color());
+  painter.drawEllipse(QPointF(12, 12), 1.6, 1.6);
+}
+
 QPixmap drawn(Icon icon, int size, const QColor& colour) {
   QPixmap pixmap(size, size);
   pixmap.fill(Qt::transparent);
@@ -105,6 +115,9 @@ QPixmap drawn(Icon icon, int size, const QColor& colour) {
       break;
     case Icon::save_range:
       draw_save(painter);
+      break;
+    case Icon::gps:
+      draw_gps(painter);
       break;
   }
   return pixmap;

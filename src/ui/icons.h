@@ -5,7 +5,7 @@
 
 namespace ui {
 
-enum class Icon { program, zoom_in, zoom_out, zoom_reset, zoom_box, section, save_range };
+enum class Icon { program, zoom_in, zoom_out, zoom_reset, zoom_box, section, save_range, gps };
 
 QIcon make_icon(Icon icon);
 

@@ -112,8 +112,8 @@ Mouse_result open_link(Session& session, Ports& ports, const Press& press, const
   return {hit, Redraw::none, false};
 }
 
-drawing::Point twips_of(Session& session, const observations::Record& record) {
-  const maps::Canvas_point at = maps::henkan_px(session.canvas, record.X, record.Y);
+drawing::Point twips_of(Session& session, geodesy::Point position) {
+  const maps::Canvas_point at = maps::henkan_px(session.canvas, position.x, position.y);
   return {at.x * maps::twips_per_unit, at.y * maps::twips_per_unit};
 }
 
@@ -269,13 +269,20 @@ Redraw highlight_at(Session& session, double x, double y) {
 Redraw highlight(Session& session, int touroku) {
   session.highlighted = touroku >= 1 && touroku <= session.registry.N ? touroku : 0;
   if (session.highlighted == 0 || !session.sheet_shown()) return Redraw::overlay;
-  const drawing::Point at = twips_of(session, session.registry.rows[touroku]);
+  const geodesy::Point position{session.registry.rows[touroku].X, session.registry.rows[touroku].Y};
+  const Redraw moved = bring_into_sight(session, position);
+  const drawing::Point now = twips_of(session, position);
+  const maps::Canvas& canvas = session.canvas;
+  if (now.x < 0 || now.y < 0 || now.x > canvas.width || now.y > canvas.height)
+    session.notice = {"この地点は表示中の図葉の外にあります。", "This observation lies outside the maps shown."};
+  return moved;
+}
+
+Redraw bring_into_sight(Session& session, geodesy::Point position) {
+  const drawing::Point at = twips_of(session, position);
   const maps::Canvas& canvas = session.canvas;
   if (is_in_sight(canvas, at)) return Redraw::overlay;
   const Redraw moved = pan_one_to_one(session, canvas.width / 2 - at.x, canvas.height / 2 - at.y);
-  const drawing::Point now = twips_of(session, session.registry.rows[touroku]);
-  if (now.x < 0 || now.y < 0 || now.x > canvas.width || now.y > canvas.height)
-    session.notice = {"この地点は表示中の図葉の外にあります。", "This observation lies outside the maps shown."};
   return moved == Redraw::none ? Redraw::overlay : moved;
 }
 

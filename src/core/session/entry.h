@@ -60,4 +60,7 @@ observations::Memo_shown Command23(Session& session, Ports& ports);
 Redraw highlight_at(Session& session, double x, double y);
 Redraw highlight(Session& session, int touroku);
 
+// Moves the map so that a position in the records' units stands in its middle, unless it is in sight already.
+Redraw bring_into_sight(Session& session, geodesy::Point position);
+
 }  // namespace session

@@ -37,6 +37,7 @@ void 画面再表示(Session& session, drawing::Surface& surface) {
   maps::Grid_out(surface, session.canvas, session.mosaic,
                  {session.view.Check3, session.option5(), session.current_sheet});
   maps::gyousei_out(surface, session.canvas, session.boundaries);
+  if (session.view.Check8) instruments::routes_out(surface, session.canvas, session.routes);
   observations::chiten_out(surface, session.canvas, session.registry, session.drawn_records, chiten_choice(session));
 }
 

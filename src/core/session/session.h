@@ -12,6 +12,8 @@
 #include "core/settings_files.h"
 #include "drawing/surface.h"
 #include "geodesy/datum.h"
+#include "instruments/gps_tick.h"
+#include "instruments/routes.h"
 #include "maps/boundaries.h"
 #include "maps/canvas.h"
 #include "maps/catalogue.h"
@@ -69,6 +71,7 @@ struct View_options {
   bool Check5 = true;   // observations
   bool Check2 = false;  // their numbers
   bool Check6 = false;  // enclosures see-through instead of their outline
+  bool Check8 = true;   // routes
   double Text1 = 8;     // text size of labels
 };
 
@@ -98,6 +101,8 @@ struct Session {
   observations::Drawn_records drawn_records;  // what the registry's strikes and dips come to on this sheet
   observations::Entry entry;                  // the panel of the tab "Position"
   observations::Line_input line;              // the line or enclosure that is being drawn
+  instruments::Gps gps;             // the live receiver
+  instruments::Routes routes;       // the routes that were chosen, kept while their files are unchanged
   observations::Click entry_click;            // the last press that belongs to the entry: where a new record goes
   geodesy::Point line_end;                    // the free end of the line that is being drawn, units of the records
   bool line_end_fixed = false;                // a right press has fixed it; otherwise it follows the mouse

@@ -77,6 +77,7 @@ void registry_r(Session& session, Ports& ports) {
   observations::take_coefficients(ports.files, session.settings.program_path, session.coefficients);
   session.drawn_records = observations::drawn_records(session.registry, session.coefficients.field, session.canvas);
   tell_uncorrected(session, ports.prompts);
+  instruments::routes_r(ports.files, session.settings.project_path, session.routes);
 }
 
 int row_of(const Sheet_list& sheets, const std::string& stem) {

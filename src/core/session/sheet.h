@@ -15,7 +15,8 @@ void sheet_list_r(Session& session, Ports& ports);
 // The row of a stem; -1 when the list has none.
 int row_of(const Sheet_list& sheets, const std::string& stem);
 
-// Reads the registration file in use and works out what its strikes and dips come to on the sheet that is drawn.
+// Reads the registration file in use and works out what its strikes and dips come to on the sheet that is drawn; reads
+// the routes that were chosen.
 void registry_r(Session& session, Ports& ports);
 
 // A click on the list: frame, pictures and point files of the row, then a redraw. Pictures that can't be read or don't
