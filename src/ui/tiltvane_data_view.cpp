@@ -1,0 +1,1 @@
+#include "ui/tiltvane_data_view.h"
