@@ -1,0 +1,1 @@
+terranote_bench(tiltvane_merge LINKS terranote_instruments)

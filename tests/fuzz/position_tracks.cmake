@@ -1,0 +1,2 @@
+terranote_fuzz(position_tracks LINKS terranote_instruments)
+target_include_directories(position_tracks_fuzz PRIVATE ${CMAKE_SOURCE_DIR}/tests)

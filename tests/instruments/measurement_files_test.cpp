@@ -1,0 +1,180 @@
+#include "instruments/measurement_files.h"
+
+#include <gtest/gtest.h>
+
+#include "instruments/data_place.h"
+
+namespace {
+
+using namespace instruments;
+using platform::Answer;
+using Texts = std::vector<std::string>;
+
+struct Measurement_files : testing::Test, support::Data_place {
+  std::string saved(const std::string& Text1 = "-7.5") { return Command10(context(), list, Text1); }
+  Texts shown_lines() const {
+    Texts lines;
+    for (const Measurement_row& row : list.rows) lines.push_back(row.line);
+    return lines;
+  }
+};
+
+TEST_F(Measurement_files, SavesTheTickedRowsTurnedAnew) {
+  show_three();
+  EXPECT_EQ(saved(), "001-003_2008-11-15_09-30-00.csv");
+  EXPECT_TRUE(support::same_as_golden(program_bytes("Tiltvane\\001-003_2008-11-15_09-30-00.csv"),
+                                      "instruments/measurements_japanese.csv"));
+  EXPECT_EQ(prompts.shown, Texts{"001-003_2008-11-15_09-30-00.csvとして保存しました。"});
+}
+
+TEST_F(Measurement_files, SavesUnderTheEnglishHeader) {
+  speak("English");
+  show_three();
+  const std::string name = saved();
+  EXPECT_TRUE(support::same_as_golden(program_bytes("Tiltvane\\" + name), "instruments/measurements_english.csv"));
+  EXPECT_EQ(prompts.shown, Texts{"Saved Filename is [001-003_2008-11-15_09-30-00.csv]"});
+}
+
+TEST_F(Measurement_files, NamesAFileByItsFirstAndLastTickedRow) {
+  show_three();
+  list.rows[0].ticked = false;
+  EXPECT_EQ(saved(), "002-003_2008-11-15_09-30-00.csv");
+}
+
+TEST_F(Measurement_files, ReadsBackWhatItSaved) {
+  show_three();
+  const std::string name = saved();
+  Measurement_list read;
+  Tiltvane_out(read, files, tiltvane_folder(folder.text(), name));
+  ASSERT_EQ(read.rows.size(), 3u);
+  EXPECT_EQ(read.rows[2].line, support::without_plane);
+  EXPECT_FALSE(read.rows[0].ticked);
+  EXPECT_EQ(saved_files(files, folder.text()), Texts{name});
+}
+
+TEST_F(Measurement_files, AsksForATickedRow) {
+  EXPECT_EQ(saved(), "");
+  show_three();
+  for (Measurement_row& row : list.rows) row.ticked = false;
+  speak("English");
+  EXPECT_EQ(saved(), "");
+  EXPECT_EQ(prompts.shown, (Texts{"保存するデータを選択して下さい。", "Please select saved data"}));
+  EXPECT_EQ(saved_files(files, folder.text()), Texts{});
+}
+
+TEST_F(Measurement_files, TellsThatAFileCouldNotBeSaved) {
+  show_three();
+  files.failing_write = 1;
+  EXPECT_EQ(saved(), "");
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(prompts.shown[0].rfind("保存できません: ", 0), 0u);
+}
+
+TEST_F(Measurement_files, DeletesAFileAfterTwoQuestions) {
+  put_program("Tiltvane\\a.csv", {"x"});
+  prompts.answers = {Answer::yes, Answer::yes};
+  EXPECT_TRUE(Command1(context(), "a.csv"));
+  EXPECT_EQ(prompts.shown, (Texts{"a.csvを削除しますか。", "a.csvを本当に削除しますか。復活はできません。"}));
+  EXPECT_EQ(saved_files(files, folder.text()), Texts{});
+}
+
+TEST_F(Measurement_files, AsksTheTwoQuestionsInEnglish) {
+  put_program("Tiltvane\\a.csv", {"x"});
+  speak("English");
+  prompts.answers = {Answer::yes, Answer::no};
+  EXPECT_FALSE(Command1(context(), "a.csv"));
+  EXPECT_EQ(prompts.shown, (Texts{"a.csv Delete true?", "a.csv Delete true?It is not possible to revive. "}));
+  EXPECT_EQ(saved_files(files, folder.text()), Texts{"a.csv"});
+}
+
+TEST_F(Measurement_files, KeepsAFileWhoseFirstQuestionIsDeclined) {
+  put_program("Tiltvane\\a.csv", {"x"});
+  EXPECT_FALSE(Command1(context(), "a.csv"));
+  EXPECT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(saved_files(files, folder.text()), Texts{"a.csv"});
+}
+
+TEST_F(Measurement_files, DeletesNothingOutsideTheFolder) {
+  put_program("henkaku.dat", {"7"});
+  prompts.answers = {Answer::yes, Answer::yes};
+  EXPECT_FALSE(Command1(context(), "..\\henkaku.dat"));
+  EXPECT_FALSE(Command1(context(), ""));
+  EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_GT(disk.length(folder.text() + "\\henkaku.dat"), 0);
+}
+
+TEST_F(Measurement_files, TellsThatAFileCouldNotBeDeleted) {
+  prompts.answers = {Answer::yes, Answer::yes};
+  EXPECT_FALSE(Command1(context(), "gone.csv"));
+  EXPECT_EQ(prompts.shown.size(), 3u);
+}
+
+TEST_F(Measurement_files, KnowsBothHeadersAndTheOlderForm) {
+  for (const Texts& lines :
+       {Texts{measurement_header(true), support::plane_alone}, Texts{measurement_header(false), support::plane_alone},
+        Texts{"計測NO,計測モード,走向", support::plane_alone}}) {
+    put_program("TMP2.TMP", lines);
+    Tiltvane_out2(list, files, folder.text());
+    EXPECT_EQ(shown_lines(), Texts{support::plane_alone});
+    EXPECT_TRUE(list.memory);
+  }
+}
+
+TEST_F(Measurement_files, EndsADumpAtItsEnd) {
+  put_program("Tiltvane.tmp", {"1,P,N20W,30E,0.1", "END", "2,P,N20W,30E,0.1"});
+  Tiltvane_out(list, files, folder.text() + "\\Tiltvane.tmp");
+  EXPECT_EQ(shown_lines(), Texts{"1,P,N20W,30E,0.1"});
+  EXPECT_FALSE(list.memory);
+}
+
+TEST_F(Measurement_files, LeavesOutLinesOfSixBytes) {
+  put_program("TMP2.TMP", {"", "1,2,3,", "1,2,3,4"});
+  Tiltvane_out2(list, files, folder.text());
+  EXPECT_EQ(shown_lines(), Texts{"1,2,3,4"});
+}
+
+TEST_F(Measurement_files, ShowsTwelveHundredRowsAndSaysThatThereAreMore) {
+  Texts lines(1200, support::plane_alone);
+  put_program("TMP2.TMP", lines);
+  Tiltvane_out2(list, files, folder.text());
+  EXPECT_EQ(list.rows.size(), 1200u);
+  EXPECT_FALSE(list.shortened);
+  lines.push_back(support::plane_alone);
+  put_program("TMP2.TMP", lines);
+  Tiltvane_out2(list, files, folder.text());
+  EXPECT_EQ(list.rows.size(), 1200u);
+  EXPECT_TRUE(list.shortened);
+}
+
+TEST_F(Measurement_files, HasNoRowsWithoutAFile) {
+  show_three();
+  Tiltvane_out2(list, files, folder.text());
+  EXPECT_TRUE(list.rows.empty());
+}
+
+TEST_F(Measurement_files, ReadsTheChosenFileAgain) {
+  put_program("Tiltvane\\a.csv", {measurement_header(true), support::plane_alone});
+  list.memory = true;
+  EXPECT_TRUE(再表示(list, context(), "a.csv"));
+  EXPECT_EQ(shown_lines(), Texts{support::plane_alone});
+  EXPECT_FALSE(list.memory);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(Measurement_files, HasNoOtherDisplayOfTheMemory) {
+  show_three();
+  list.memory = true;
+  speak("English");
+  EXPECT_FALSE(再表示(list, context(), ""));
+  EXPECT_EQ(list.rows.size(), 3u);
+  EXPECT_EQ(prompts.shown, Texts{"Tiltvaneのメモリーは偏角表示ができません。"});
+}
+
+TEST_F(Measurement_files, NamesTheMarks) {
+  EXPECT_EQ(mark_token("＋"), "Cross");
+  EXPECT_EQ(mark_token("▼"), "RTriangle");
+  EXPECT_EQ(mark_token("★"), "Star");
+  EXPECT_EQ(mark_token("○"), "");
+}
+
+}  // namespace
