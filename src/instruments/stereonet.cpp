@@ -21,7 +21,8 @@ constexpr double radian = std::numbers::pi / 180;
 constexpr int step = 2;           // degrees between the points of a circle
 constexpr double sign_reach = 7;  // half a sign's width, canvas units
 constexpr double letter_height = 32, text_height = 26, line_height = 36;
-constexpr double margin = 48;  // about the net, for the letters
+constexpr double letter_away = 0.85;  // of its height, from the rim
+constexpr double margin = 48;         // about the net, for the letters
 constexpr double room_below = 3 * line_height;
 constexpr double tick_length = 10, long_tick_length = 20;
 constexpr const char* text_font = "MS Gothic";
@@ -103,7 +104,7 @@ void frame_out(Surface& surface, const Net& net) {
   strokes(surface, net.centre, 1.2, 0, pen);
   constexpr std::array<const char*, 4> letters{"N", "E", "S", "W"};
   for (std::size_t i = 0; i < letters.size(); ++i) {
-    const Point at = on_rim(net, static_cast<double>(i) * 90, net.radius + letter_height * 0.7);
+    const Point at = on_rim(net, static_cast<double>(i) * 90, net.radius + letter_height * letter_away);
     surface.text({at.x - letter_height / 4, at.y - letter_height / 2}, letters[i], {text_font, letter_height, false},
                  drawing::black, 0);
   }
@@ -122,14 +123,17 @@ void texts_out(Surface& surface, const Net& net, const Net_texts& texts) {
   const drawing::Font font{text_font, text_height, false};
   const double left = net.centre.x - net.radius, below = net.centre.y + net.radius + margin;
   const double sign = left + sign_reach * 2, word = left + sign_reach * 5, part = net.radius * 2 / 3;
-  const auto line = [&](int number) { return below + number * line_height; };
-  surface.text({left, line(0)}, texts.mean, font, drawing::black, 0);
-  pole_out(surface, {sign, line(1) + text_height / 2}, "Circle");
-  surface.text({word, line(1)}, texts.pole, font, drawing::black, 0);
-  lineation_out(surface, {sign + part, line(1) + text_height / 2});
-  surface.text({word + part, line(1)}, texts.lineation, font, drawing::black, 0);
-  mean_pole_out(surface, {sign + 2 * part, line(1) + text_height / 2});
-  surface.text({word + 2 * part, line(1)}, texts.circle, font, drawing::black, 0);
+  double line = below;
+  if (!texts.mean.empty()) {
+    surface.text({left, line}, texts.mean, font, drawing::black, 0);
+    line += line_height;
+  }
+  pole_out(surface, {sign, line + text_height / 2}, "Circle");
+  surface.text({word, line}, texts.pole, font, drawing::black, 0);
+  lineation_out(surface, {sign + part, line + text_height / 2});
+  surface.text({word + part, line}, texts.lineation, font, drawing::black, 0);
+  mean_pole_out(surface, {sign + 2 * part, line + text_height / 2});
+  surface.text({word + 2 * part, line}, texts.circle, font, drawing::black, 0);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct Net {
 };
 
 struct Net_texts {
-  std::string mean;                     // the line of the mean below the net
+  std::string mean;                     // the line of the mean below the net; empty: none
   std::string pole, lineation, circle;  // names of the signs, beside them
 };
 

@@ -30,13 +30,15 @@ constexpr const char* no_lineation = "  ";
 struct Columns {
   std::array<std::string, line_columns> text;
   int last = 0;
+  int pieces = 0;  // that the line had, those too many counted
 
   std::string& operator[](int column) { return text[static_cast<std::size_t>(column - 1)]; }
 };
 
 Columns split(std::string_view line) {
   Columns columns;
-  columns.last = std::min(drawing::split_csv(line, columns.text), line_columns);
+  columns.pieces = drawing::split_csv(line, columns.text);
+  columns.last = std::min(columns.pieces, line_columns);
   return columns;
 }
 
@@ -156,7 +158,7 @@ std::string converted_line(std::string_view line, const std::string& declination
 std::string reconverted_line(std::string_view line, const std::string& declination) {
   Columns columns = split(line);
   // The text behind the last comma is the declination that closed the line, unless the line is too short to have one.
-  if (columns.last > file_columns) --columns.last;
+  if (columns.pieces > file_columns) columns.last = std::min(columns.pieces - 1, line_columns);
   return turned_line(columns, declination);
 }
 

@@ -34,6 +34,8 @@ constexpr int tick_every = 200;   // milliseconds: at 9600 baud some 190 bytes
 constexpr int blink_every = 500;  // milliseconds
 constexpr int largest_count = 999;
 constexpr int note_width = 460;
+constexpr int page_width = 680;
+constexpr int number_width = 110;
 constexpr double units_per_degree = 100'000;
 
 // Readable on the window's ground, in its light and its dark form.
@@ -91,11 +93,21 @@ QString Tiltvane_connect::either(const char* in_japanese, const char* in_english
 }
 
 void Tiltvane_connect::lay_out() {
-  auto* column = new QVBoxLayout(this);
+  // A page of few boxes: on a wide window it keeps to its middle.
+  auto* row = new QHBoxLayout(this);
+  auto* page = new QWidget;
+  page->setMaximumWidth(page_width);
+  row->addStretch(1);
+  row->addWidget(page, 100);
+  row->addStretch(1);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
   add_offer(column);
-  add_notes(column);
-  add_boxes(column);
-  add_status(column);
+  QVBoxLayout* connection = add_group(column, either("接続", "Connection"), "group_connection");
+  add_notes(connection);
+  add_boxes(connection);
+  if (full_) add_declination(add_group(column, either("偏角", "Declination"), "group_declination"));
+  add_status(add_group(column, either("受信", "Reading"), "group_reading"));
   column->addStretch(1);
   for (QTimer** timer : {&Timer1_, &Timer3_, &Timer5_}) *timer = new QTimer(this);
   Timer1_->setObjectName("Timer1");
@@ -104,6 +116,13 @@ void Tiltvane_connect::lay_out() {
   Timer1_->setInterval(tick_every);
   Timer3_->setInterval(tick_every);
   Timer5_->setInterval(blink_every);
+}
+
+QVBoxLayout* Tiltvane_connect::add_group(QVBoxLayout* column, const QString& title, const char* name) {
+  auto* group = new QGroupBox(title);
+  group->setObjectName(name);
+  column->addWidget(group);
+  return new QVBoxLayout(group);
 }
 
 void Tiltvane_connect::add_notes(QVBoxLayout* column) {
@@ -138,8 +157,8 @@ void Tiltvane_connect::add_boxes(QVBoxLayout* column) {
   Text15_->setValidator(new QIntValidator(1, largest_count, Text15_));
   Text15_->setToolTip(either("読み込むデータの数、1から999。999ですべてを読み込みます。",
                              "How many records are read, 1 to 999; 999 reads all of them."));
+  Text15_->setMaximumWidth(number_width);
   form->addRow(either("読込みデータ数(&N)", "&Records to read"), Text15_);
-  if (full_) add_declination(form);
   column->addLayout(form);
   if (!full_) return;
   Check3_ =
@@ -151,26 +170,29 @@ void Tiltvane_connect::add_boxes(QVBoxLayout* column) {
   column->addWidget(Check3_);
 }
 
-void Tiltvane_connect::add_declination(QFormLayout* form) {
-  auto* row = new QHBoxLayout;
+void Tiltvane_connect::add_declination(QVBoxLayout* column) {
   Text1_ = new QLineEdit(to_toolkit(boxes_.Text1));
   Text1_->setObjectName("Text1");
   Text1_->setAccessibleName(either("偏角", "Declination"));
+  Text1_->setMaximumWidth(number_width);
   Text1_->setValidator(new QRegularExpressionValidator(QRegularExpression("[-+]?[0-9]{0,3}(\\.[0-9]{0,6})?"), Text1_));
   text_box_watch(Text1_);
   text_box_hint(Text1_, japanese_,
-                either("磁北から真北への補正角（度）。東偏が正、西偏が負です。",
-                       "Degrees from true north to magnetic north; east is positive, west negative."));
+                either("磁北を真北に直す角（度）。東偏が正、西偏が負です。",
+                       "Degrees that turn magnetic north to true north; east is positive, west negative."));
   Command17_ = button(either("保存(&S)", "&Save"), "Command17",
                       either("この偏角を保存し、次回もこの値から始めます。",
                              "Saves this declination; the dialog begins with it the next time."));
   model_ = button({}, "model", {});
-  row->addWidget(Text1_, 1);
-  row->addWidget(model_);
-  row->addWidget(Command17_);
-  auto* label = new QLabel(either("偏角（度）(&D)", "&Declination (degrees)"));
+  auto* label = new QLabel(either("度、東が正(&D)", "&Degrees, east is positive"));
   label->setBuddy(Text1_);
-  form->addRow(label, row);
+  auto* row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(Text1_);
+  row->addWidget(model_);
+  row->addStretch(1);
+  row->addWidget(Command17_);
+  column->addLayout(row);
   show_model();
 }
 
@@ -195,7 +217,7 @@ void Tiltvane_connect::add_status(QVBoxLayout* column) {
   told_->setMinimumHeight(told_->fontMetrics().height());
   column->addWidget(told_);
 
-  start_ = new QPushButton(either("読込み実行(&R)", "Start rea&ding"));
+  start_ = new QPushButton(either("読込み実行(&R)", "Start readin&g"));
   start_->setObjectName("start");
   start_->setDefault(true);
   QSizePolicy stays = start_->sizePolicy();
@@ -204,9 +226,9 @@ void Tiltvane_connect::add_status(QVBoxLayout* column) {
   Command50_ = button(either("中止(&T)", "S&top"), "Command50",
                       either("受信をやめてポートを閉じます。", "Ends the reading and closes the port."));
   auto* row = new QHBoxLayout;
-  row->addWidget(start_);
-  row->addWidget(Command50_);
   row->addStretch(1);
+  row->addWidget(Command50_);
+  row->addWidget(start_);
   column->addLayout(row);
 }
 
@@ -343,9 +365,10 @@ void Tiltvane_connect::show_link() {
   if (link_.timer == Link_timer::Timer3) Timer3_->start();
   if (link_.status.blinks && !Timer5_->isActive()) Timer5_->start();
   Combo8_->set_number(boxes_.Combo8);
-  for (QWidget* box : {static_cast<QWidget*>(Combo8_), static_cast<QWidget*>(Text15_), static_cast<QWidget*>(offer_)})
-    box->setEnabled(!running);
+  Combo8_->setEnabled(!running);
+  Text15_->setEnabled(!running);
   if (Check3_) Check3_->setEnabled(!running);
+  if (running) offer_->hide();
   start_->setVisible(!running);
   Command50_->setEnabled(running);
   show_status();
@@ -375,9 +398,9 @@ void Tiltvane_connect::show_progress() {
     const int count = Text15_->text().toInt();
     progress_->setRange(0, count == largest_count ? 0 : count);
     progress_->setValue(std::min(count, static_cast<int>(link_.lines)));
-    told_->setText(either("%1 行を受信しました。", "%1 lines received.").arg(link_.lines));
+    told_->setText(either("%1 行を受信しました。", "Lines received: %1.").arg(link_.lines));
   } else {
-    told_->clear();
+    told_->setText(either("Tiltvaneの電源を入れてから実行してください。", "Switch Tiltvane on before you start."));
   }
 }
 

@@ -13,7 +13,6 @@
 #include "platform/qt/qt_serial_port.h"
 
 class QCheckBox;
-class QFormLayout;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -48,7 +47,8 @@ class Tiltvane_connect : public QWidget {
   void lay_out();
   void add_notes(QVBoxLayout* column);
   void add_boxes(QVBoxLayout* column);
-  void add_declination(QFormLayout* form);
+  QVBoxLayout* add_group(QVBoxLayout* column, const QString& title, const char* name);
+  void add_declination(QVBoxLayout* column);
   void add_status(QVBoxLayout* column);
   void add_offer(QVBoxLayout* column);
   void connect_all();

@@ -54,6 +54,7 @@ void Tiltvane_read2::connect_all() {
   connect(findChild<QPushButton*>("close"), &QPushButton::clicked, this, &QDialog::reject);
   connect(this, &QDialog::finished, connect_page_, &Tiltvane_connect::stop);
   connect(connect_page_, &Tiltvane_connect::memory_read, this, &Tiltvane_read2::show_memory);
+  connect(connect_page_, &Tiltvane_connect::declination_changed, data_page_, &Tiltvane_data_view::declination_shown);
   connect(data_page_, &Tiltvane_data_view::registry_written, this, &Tiltvane_read2::registry_written);
 }
 

@@ -111,6 +111,15 @@ TEST(Stereonet, NamesItsSidesAndSigns) {
   EXPECT_TRUE(recorder.of("polyline").empty());
 }
 
+TEST(Stereonet, LeavesOutAnEmptyLineOfTheMean) {
+  support::Recorder with, without;
+  stereonet_out(with, net, {}, {}, words);
+  stereonet_out(without, net, {}, {}, {"", "pole", "line", "circle"});
+  EXPECT_EQ(without.of("text").size(), 7u);
+  EXPECT_EQ(without.of("text")[4].points[0].y, with.of("text")[4].points[0].y);
+  EXPECT_LT(without.of("text")[4].points[0].y, with.of("text")[5].points[0].y);
+}
+
 TEST(Stereonet, DrawsEachMarkInItsForm) {
   const auto polygon_corners = [](const char* mark) {
     support::Recorder recorder;

@@ -122,6 +122,7 @@ TEST(Tiltvane_line, DropsWhatGoesBeyondFiveHundredColumns) {
   const std::string line = converted_line(plane + std::string(1000, ','), "-7");
   EXPECT_EQ(std::count(line.begin(), line.end(), ','), 500);
   EXPECT_TRUE(line.ends_with(",-7"));
+  EXPECT_EQ(reconverted_line(line, "-7"), line);
 }
 
 TEST(Tiltvane_line, WritesTheDeclinationAsItWasTyped) {

@@ -1,0 +1,2 @@
+terranote_fuzz(clinometer_answer LINKS terranote_instruments)
+target_include_directories(clinometer_answer_fuzz PRIVATE ${CMAKE_SOURCE_DIR}/tests)
