@@ -43,8 +43,8 @@ namespace {
 constexpr const char* csv_filter = "CSVファイル(*.CSV);;全てのファイル(*.*)";
 constexpr const char* nme_filter = "NMEファイル(*.NME);;全てのファイル(*.*)";
 constexpr const char* picture_filter = "PNG (*.png);;JPEG (*.jpg);;BMP (*.bmp)";
-constexpr QSize picture_size{1000, 1150};
-constexpr double picture_ratio = 2;
+constexpr QSize picture_size{500, 560};
+constexpr double picture_ratio = 4;
 constexpr int rows_measured = 60;  // for the first widths of the columns
 
 struct Wait_cursor {
