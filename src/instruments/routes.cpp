@@ -30,8 +30,10 @@ std::string content_of(platform::Files& files, const std::string& path) {
   }
 }
 
+// What is beyond every number counts as 0, as what is none.
 double units(double seconds) {
-  return seconds * units_per_degree / seconds_per_degree;
+  const double value = seconds * units_per_degree / seconds_per_degree;
+  return std::isfinite(value) ? value : 0;
 }
 
 // A line of a text track:
@@ -114,12 +116,13 @@ bool cut(const Window& window, Point& from, Point& to) {
   }
   if (enters > leaves) return false;
   const Point start = from;
-  const auto at = [&](double part) {  // held to the window, since what lies very far away is known coarsely
-    return Point{std::clamp(start.x + part * dx, window.left, window.right),
-                 std::clamp(start.y + part * dy, window.top, window.bottom)};
+  // Held to the window in any case, since what lies very far away is known coarsely.
+  const auto at = [&](Point end, double part, bool is_cut) {
+    const Point place = is_cut ? Point{start.x + part * dx, start.y + part * dy} : end;
+    return Point{std::clamp(place.x, window.left, window.right), std::clamp(place.y, window.top, window.bottom)};
   };
-  if (leaves < 1) to = at(leaves);
-  if (enters > 0) from = at(enters);
+  to = at(to, leaves, leaves < 1);
+  from = at(from, enters, enters > 0);
   return true;
 }
 

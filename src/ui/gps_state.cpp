@@ -30,7 +30,7 @@ constexpr Look looks[] = {
     {Gps_light::closed, "ポートは閉じています", "Port closed", 0xff808890, false, 0},
     {Gps_light::open, "受信待ち", "Port open, silent", 0xff2b6cb0, false, 0},
     {Gps_light::bytes, "受信中", "Receiving", 0xff2b6cb0, true, 0},
-    {Gps_light::no_fix, "測位中", "Searching satellites", 0xffc77700, false, 0},
+    {Gps_light::no_fix, "測位中", "Searching for satellites", 0xffc77700, false, 0},
     {Gps_light::fix, "測位済み", "Position found", 0xff1e8449, true, 0},
     {Gps_light::doubtful, "位置が疑わしい", "Position doubtful", 0xffc77700, true, '?'},
     {Gps_light::lost, "10秒以上 測位なし", "Lost for over 10 s", 0xffb03020, true, '!'},

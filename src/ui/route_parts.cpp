@@ -27,6 +27,7 @@ QListWidget* route_list(bool japanese) {
   list->setAccessibleName(QString::fromUtf8(japanese ? "ルートのファイル" : "Route files"));
   list->setUniformItemSizes(true);
   list->setAlternatingRowColors(true);
+  list->setSpacing(1);
   list->setMinimumSize(380, 200);
   list->setToolTip(QString::fromUtf8(japanese ? "チェックを付けたルートを地図に表示します。"
                                               : "The ticked routes are shown on the map."));

@@ -32,7 +32,7 @@ TEST_F(Gps_state, TellsTheLightAndTheStatusText) {
   EXPECT_EQ(state.accessibleName(), "GPSの状態: 測位中");
   state.use_language(false);
   EXPECT_EQ(text("Label7"), "GPS:検索中");
-  EXPECT_EQ(text("gps_meaning"), "Searching satellites");
+  EXPECT_EQ(text("gps_meaning"), "Searching for satellites");
   EXPECT_EQ(state.accessibleName(), "GPS state: Searching satellites");
 }
 

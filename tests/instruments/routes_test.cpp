@@ -58,6 +58,7 @@ TEST(Track_read, TakesAFileThatIsMissingBrokenOrSomethingElse) {
   EXPECT_THAT(instruments::track_r(place.files, place.gps + "\\a.txt"), SizeIs(2));
   place.files.unreadable = "a.txt";
   EXPECT_THAT(instruments::track_r(place.files, place.gps + "\\a.txt"), IsEmpty());
+  EXPECT_THAT(track("1e308,-1e308,0,0,0\r\n"), ElementsAre(Route_point{0, 0, false}));
   for (const Route_point& point : track(std::string("\0\xff\x81,\xfe,9e999,-,1e308,1e308,,,1\r\n", 33)))
     EXPECT_FALSE(point.joined);
 }
@@ -226,6 +227,15 @@ TEST_F(Routes_out, HandsNothingToThePainterThatNoPainterCanTake) {
       EXPECT_LE(std::abs(at.x), 1e6);
       EXPECT_LE(std::abs(at.y), 1e6);
     }
+}
+
+// Too far away for the cut to tell where it enters: the line still ends at the canvas.
+TEST_F(Routes_out, KeepsToTheCanvasWhereNumbersEnd) {
+  canvas.width = 300 * 7.5;
+  canvas.height = 500 * 7.5;
+  draw({{1e300, 0, false}, {5000, 0, true}});
+  for (const support::Drawn& call : recorder.calls)
+    for (const Point& at : call.points) EXPECT_LE(at.x, 320);
 }
 
 TEST_F(Routes_out, LeavesOutStepsThatNobodySeesAndKeepsTheEnds) {
