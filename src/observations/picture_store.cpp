@@ -1,11 +1,14 @@
 #include "observations/picture_store.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "core/settings_files.h"
 #include "drawing/picture_files.h"
 #include "observations/exif_orientation.h"
+#include "observations/memo.h"
+#include "observations/record_line.h"
 #include "observations/shell_file.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
@@ -239,6 +242,42 @@ bool Text1_change(Picture_context context, Picture_boxes& boxes, bool edit) {
     boxes.Text3 = platform::number_text(point.Y);
   }
   return true;
+}
+
+bool Dir2_change(Picture_context context, Picture_boxes& boxes, const std::string& folder, bool edit) {
+  const std::size_t last = folder.find_last_not_of("\\/");
+  const std::string name = leaf_of(folder.substr(0, last == std::string::npos ? 0 : last + 1));
+  const std::string& project = context.settings.project_path;
+  if (point_path(project, name, ".dat").empty() || !same_file(folder, point_folder(project, name))) {
+    context.prompts.message("地点のフォルダではありません。次のフォルダの中から選んで下さい: " + image_folder(project),
+                            "This is no point's folder. Please choose one of this folder: " + image_folder(project));
+    return false;
+  }
+  boxes.Text1 = name;
+  Text1_change(context, boxes, edit);
+  return true;
+}
+
+std::vector<std::string> points_in_store(Picture_context context, const Registry& registry) {
+  std::vector<std::string> names;
+  const std::string& project = context.settings.project_path;
+  if (!context.files.folder_exists(image_folder(project))) return names;
+  std::set<std::string> seen;
+  for (int i = 1; i <= registry.N; ++i) {
+    const std::string name = number_parts(registry.rows[i].touroku_no).registration;
+    const std::string path = point_path(project, name, ".dat");
+    if (!path.empty() && seen.insert(name).second && context.files.length(path) > 0) names.push_back(name);
+  }
+  return names;
+}
+
+std::string point_text(Picture_context context, const Picture_boxes& boxes) {
+  const std::string name = platform::trim_text(boxes.Text1);
+  return memo_read(context.files, point_path(context.settings.project_path, name, ".txt"));
+}
+
+void File2_remove(Picture_boxes& boxes, std::size_t index) {
+  if (index < boxes.File2.size()) boxes.File2.erase(boxes.File2.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
 Taken Command10(Picture_context context, Picture_boxes& boxes) {

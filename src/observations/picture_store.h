@@ -9,6 +9,7 @@
 
 #include "core/project_settings.h"
 #include "observations/point_file.h"
+#include "observations/registry.h"
 #include "platform/files.h"
 #include "platform/journal.h"
 #include "platform/pictures.h"
@@ -58,6 +59,19 @@ std::vector<std::string> File1_list(platform::Files& files, const std::string& f
 // Another point: File2 and Dir2 become its own. `edit`: X and Y too are those of its .dat file. True when the point is
 // in the store.
 bool Text1_change(Picture_context context, Picture_boxes& boxes, bool edit);
+
+// Another folder of the store: its point. False with a message, and nothing changed, when it is no point's folder of
+// this project.
+bool Dir2_change(Picture_context context, Picture_boxes& boxes, const std::string& folder, bool edit);
+
+// The registration numbers of the table that have a .dat file, each once, in the order of the table.
+std::vector<std::string> points_in_store(Picture_context context, const Registry& registry);
+
+// The point's text as its .txt file has it; empty when there is none.
+std::string point_text(Picture_context context, const Picture_boxes& boxes);
+
+// Takes a picture out of the point's list, as the next store writes it; its file stays. An index of File2.
+void File2_remove(Picture_boxes& boxes, std::size_t index);
 
 enum class Taken { nothing, picture, sound };
 // Takes the chosen file into the first, second and third place. A picture comes upright as its camera tells; a sound is

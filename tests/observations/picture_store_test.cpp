@@ -321,6 +321,51 @@ TEST_F(Picture_store, ReadsAPointBack) {
   EXPECT_EQ(boxes.Dir2, project + "\\image");
 }
 
+TEST_F(Picture_store, OpensAPointByItsFolder) {
+  ASSERT_TRUE(store());
+  boxes.Text1 = "other";
+  prompts.shown.clear();
+  EXPECT_TRUE(observations::Dir2_change(pictures_context(), boxes, project + "/IMAGE\\081115-001\\", true));
+  EXPECT_EQ(boxes.Text1, "081115-001");
+  EXPECT_THAT(prompts.shown, IsEmpty());
+  const std::string away[] = {photos, project, project + "\\image", project + "\\image\\a\\b", project + "\\image\\..",
+                              ""};
+  for (const std::string& text : away) {
+    EXPECT_FALSE(observations::Dir2_change(pictures_context(), boxes, text, true)) << text;
+    EXPECT_THAT(prompts.shown.back(), HasSubstr(project + "\\image"));
+    EXPECT_EQ(boxes.Text1, "081115-001");
+  }
+}
+
+TEST_F(Picture_store, FindsTheRecordsThatHaveAPoint) {
+  EXPECT_THAT(observations::points_in_store(pictures_context(), registry), IsEmpty());
+  put_lines({support::point_at("1.0", "2.0", "081115-002"), support::point_at("1.0", "2.0", "081115-001*4"),
+             support::point_at("1.0", "2.0", "081115-001*5"), support::point_at("1.0", "2.0", "..")});
+  read();
+  ASSERT_TRUE(store());
+  EXPECT_THAT(observations::points_in_store(pictures_context(), registry), ElementsAre("081115-001"));
+}
+
+TEST_F(Picture_store, ShowsTheTextOfThePoint) {
+  EXPECT_EQ(observations::point_text(pictures_context(), boxes), "");
+  ASSERT_TRUE(store());
+  EXPECT_EQ(observations::point_text(pictures_context(), boxes), "081115-001");
+  boxes.Text1 = "..";
+  EXPECT_EQ(observations::point_text(pictures_context(), boxes), "");
+}
+
+TEST_F(Picture_store, TakesAPictureOutOfTheListAndLeavesItsFile) {
+  photo("a.bmp", support::red_blue);
+  take(0, "a.bmp");
+  ASSERT_TRUE(store());
+  observations::File2_remove(boxes, 1);
+  EXPECT_THAT(listed(), ElementsAre("a.bmp"));
+  observations::File2_remove(boxes, 0);
+  ASSERT_TRUE(store());
+  EXPECT_EQ(stored_bytes("081115-001.dat"), "081115-001,13976712.5,3568123.6, 0 \r\n");
+  EXPECT_TRUE(support::same_bytes(stored_bytes("a.bmp"), support::red_blue));
+}
+
 TEST_F(Picture_store, ReadsThePointOfANewNameBeforeItStores) {
   photo("a.bmp", support::red_blue);
   take(0, "a.bmp");
