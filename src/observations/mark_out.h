@@ -12,9 +12,13 @@ void ld(drawing::Surface& surface, drawing::Point from, drawing::Point to, drawi
 // A circle with the same pen rule.
 void lc(drawing::Surface& surface, drawing::Point centre, double radius, drawing::Colour colour, double width = 1);
 
+// Place of a mark among those that are painted, by its name in either language; 0 for a text that is no mark.
+int mark_shape(std::string_view mark);
+
 // Paints a point's mark. Half its size is size / 2 x 10 canvas units, a size of 0 counting as 2; the names of both
 // languages are recognised; a text that is no mark paints nothing. A filled mark is one filled shape with its outline.
 void mark_out(drawing::Surface& surface, drawing::Point at, drawing::Colour colour, double size, std::string_view mark);
+void mark_out(drawing::Surface& surface, drawing::Point at, drawing::Colour colour, double size, int shape);
 
 // The farthest that a mark of this size reaches from its point.
 double mark_reach(double size);
