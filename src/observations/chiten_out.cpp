@@ -8,6 +8,7 @@
 #include "observations/declination.h"
 #include "observations/mark_out.h"
 #include "observations/marks.h"
+#include "observations/painted_part.h"
 #include "platform/failures.h"
 #include "platform/utf8.h"
 
@@ -32,30 +33,8 @@ drawing::Colour colour_of(double r, double g, double b) {
   return byte(r) << 16 | byte(g) << 8 | byte(b);
 }
 
-Point place_of(maps::Canvas& canvas, double x, double y) {
-  const maps::Canvas_point at = maps::henkan_px(canvas, x, y);
-  return {at.x, at.y};
-}
-
-// What of the canvas is painted, by its edges.
-struct View {
-  double left = 0, top = 0, right = 0, bottom = 0;
-};
-
-// A canvas without a width shows everything.
-View view_of(const drawing::Surface& surface, const maps::Canvas& canvas) {
-  const drawing::Rect part = surface.touched_part();
-  View view{part.x, part.y, part.x + part.width, part.y + part.height};
-  if (canvas.width <= 0 || canvas.height <= 0) return view;
-  view.left = std::max(view.left, 0.0);
-  view.top = std::max(view.top, 0.0);
-  view.right = std::min(view.right, canvas.width / maps::twips_per_unit);
-  view.bottom = std::min(view.bottom, canvas.height / maps::twips_per_unit);
-  return view;
-}
-
 // How far a record's mark, symbol and texts reach from its point.
-View reach_of(const Drawn_record& drawn, double scale, double height) {
+Sides reach_of(const Drawn_record& drawn, double scale, double height) {
   const double symbol = drawn.has_symbol ? symbol_reach * scale : 0;
   const double around = std::max<double>(drawn.mark_reach, symbol);
   if (drawn.letters == 0) return {around, around, around, around};
@@ -64,33 +43,10 @@ View reach_of(const Drawn_record& drawn, double scale, double height) {
           std::max(around, offset + line_height * height)};
 }
 
-bool is_near(const View& view, Point at, const View& reach) {
-  return at.x + reach.right >= view.left && at.x - reach.left <= view.right && at.y + reach.bottom >= view.top &&
-         at.y - reach.top <= view.bottom;
-}
-
-bool may_be_seen(const View& view, std::span<const Point> places) {
-  if (places.empty()) return false;
-  View box{places[0].x, places[0].y, places[0].x, places[0].y};
-  for (const Point place : places) {
-    box.left = std::min(box.left, place.x);
-    box.right = std::max(box.right, place.x);
-    box.top = std::min(box.top, place.y);
-    box.bottom = std::max(box.bottom, place.y);
-  }
-  return box.right + line_reach >= view.left && box.left - line_reach <= view.right &&
-         box.bottom + line_reach >= view.top && box.top - line_reach <= view.bottom;
-}
-
-// Places far beyond any screen would cost the painter dear.
-bool is_drawable(std::span<const Point> places) {
-  return std::all_of(places.begin(), places.end(),
-                     [](Point at) { return std::abs(at.x) < 1e7 && std::abs(at.y) < 1e7; });
-}
-
-void sen_out(drawing::Surface& surface, const View& view, std::span<const Point> places, drawing::Colour colour) {
+void sen_out(drawing::Surface& surface, const Sides& part, std::span<const Point> places, drawing::Colour colour) {
   for (std::size_t i = 1; i < places.size(); ++i)
-    if (may_be_seen(view, places.subspan(i - 1, 2))) ld(surface, places[i - 1], places[i], colour, line_pen);
+    if (may_be_seen(part, places.subspan(i - 1, 2), line_reach))
+      ld(surface, places[i - 1], places[i], colour, line_pen);
 }
 
 void kakomi_out(drawing::Surface& surface, std::span<const Point> places, drawing::Colour colour, bool filled) {
@@ -103,7 +59,7 @@ struct Painting {
   drawing::Surface& surface;
   maps::Canvas& canvas;
   const Chiten_choice& choice;
-  View view;
+  Sides part;
   double height = 0;          // of texts, canvas units
   std::vector<Point> places;  // of the vertices in hand
 };
@@ -112,12 +68,12 @@ void shape_out(Painting& painting, const Record& record, Drawn_as as) {
   painting.places.clear();
   for (const geodesy::Point& vertex : record.vertices)
     painting.places.push_back(place_of(painting.canvas, vertex.x, vertex.y));
-  if (!may_be_seen(painting.view, painting.places) || !is_drawable(painting.places)) return;
+  if (!may_be_seen(painting.part, painting.places, line_reach) || !is_drawable(painting.places)) return;
   const drawing::Colour colour = colour_of(record.R2, record.G2, record.B2);
   if (as == Drawn_as::area)
     kakomi_out(painting.surface, painting.places, colour, painting.choice.filled);
   else
-    sen_out(painting.surface, painting.view, painting.places, colour);
+    sen_out(painting.surface, painting.part, painting.places, colour);
 }
 
 void number_out(Painting& painting, Point at, const Record& record) {
@@ -212,7 +168,7 @@ std::string number_text_of(const Record& record, Number_shown shown) {
 void chiten_out(drawing::Surface& surface, maps::Canvas& canvas, const Registry& registry, const Drawn_records& drawn,
                 const Chiten_choice& choice) {
   if (!choice.marks) return;
-  Painting painting{surface, canvas, choice, view_of(surface, canvas), canvas.label_scale * label_units, {}};
+  Painting painting{surface, canvas, choice, painted_part(surface, canvas), canvas.label_scale * label_units, {}};
   const auto known = static_cast<int>(std::min(drawn.records.size(), drawn.symbols.size()));
   for (int row = 1; row <= registry.N; ++row) {
     const auto place = static_cast<std::size_t>(row - 1);
@@ -221,7 +177,7 @@ void chiten_out(drawing::Surface& surface, maps::Canvas& canvas, const Registry&
     const Drawn_record& record = symbol ? drawn.records[place] : made;
     const Point at = place_of(canvas, record.X, record.Y);
     if (record.as == Drawn_as::area || record.as == Drawn_as::line) shape_out(painting, registry.rows[row], record.as);
-    if (is_near(painting.view, at, reach_of(record, canvas.zoom_count, painting.height)))
+    if (reaches_into(painting.part, at, reach_of(record, canvas.zoom_count, painting.height)))
       point_and_texts_out(painting, at, registry.rows[row], record, symbol);
   }
 }
