@@ -52,9 +52,14 @@ struct Font {
 
 struct Sheet_picture;  // sheet_picture.h
 
+inline constexpr Rect everywhere{-1e9, -1e9, 2e9, 2e9};
+
 class Surface {
  public:
   virtual ~Surface() = default;
+  // Where drawing leaves a trace at all: a strip of the canvas while it is moved. What lies wholly outside may be left
+  // out.
+  virtual Rect touched_part() const { return everywhere; }
   virtual void clear(Colour colour) = 0;
   virtual void line(Point from, Point to, const Pen& pen) = 0;
   virtual void polyline(std::span<const Point> points, const Pen& pen) = 0;

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
 
 #include "observations/declination.h"
 #include "observations/mark_out.h"
 #include "observations/marks.h"
+#include "observations/painted_part.h"
 #include "platform/failures.h"
-#include "platform/numbers.h"
+#include "platform/utf8.h"
 
 namespace observations {
 namespace {
@@ -15,71 +18,103 @@ namespace {
 using drawing::Point;
 
 constexpr double line_pen = 2;
+constexpr double line_reach = 6;  // canvas units that a line's pen reaches from its middle, at its ends too
 constexpr Point number_place{10, 13};
 constexpr double units_per_degree = 100'000;
-constexpr double label_units = 2.75;   // canvas units to a step of the label scale, whose 8 are 11 pixels
-constexpr double longest_label = 400;  // canvas units that a number or text may reach from its point
+constexpr double label_units = 2.75;  // canvas units to a step of the label scale, whose 8 are 11 pixels
+constexpr double line_height = 1.5;   // of a text at most, in heights of its font
 
-Point place_of(maps::Canvas& canvas, double x, double y) {
-  const maps::Canvas_point at = maps::henkan_px(canvas, x, y);
-  return {at.x, at.y};
+// How far a record's mark, symbol and texts reach from its point.
+Sides reach_of(const Drawn_record& drawn, double scale, double height) {
+  const double symbol = drawn.has_symbol ? symbol_reach * scale : 0;
+  const double around = std::max<double>(drawn.mark_reach, symbol);
+  if (drawn.letters == 0) return {around, around, around, around};
+  const double offset = std::max(number_place.y, symbol);
+  return {around, around, std::max(around, offset + drawn.letters * height),
+          std::max(around, offset + line_height * height)};
 }
 
-std::vector<Point> places_of(maps::Canvas& canvas, const Record& record) {
-  std::vector<Point> places;
-  places.reserve(record.vertices.size());
-  for (const geodesy::Point& vertex : record.vertices) places.push_back(place_of(canvas, vertex.x, vertex.y));
-  return places;
+void sen_out(drawing::Surface& surface, const Sides& part, std::span<const Point> places, drawing::Colour colour) {
+  for (std::size_t i = 1; i < places.size(); ++i)
+    if (may_be_seen(part, places.subspan(i - 1, 2), line_reach))
+      ld(surface, places[i - 1], places[i], colour, line_pen);
 }
 
-// A canvas without a width shows everything.
-bool is_near(const maps::Canvas& canvas, Point at, double reach) {
-  if (canvas.width <= 0 || canvas.height <= 0) return true;
-  return at.x >= -reach && at.y >= -reach && at.x <= canvas.width / maps::twips_per_unit + reach &&
-         at.y <= canvas.height / maps::twips_per_unit + reach;
-}
-
-bool may_be_seen(const maps::Canvas& canvas, const std::vector<Point>& places) {
-  if (places.empty()) return false;
-  const auto [left, right] =
-      std::minmax_element(places.begin(), places.end(), [](Point a, Point b) { return a.x < b.x; });
-  const auto [top, low] = std::minmax_element(places.begin(), places.end(), [](Point a, Point b) { return a.y < b.y; });
-  if (canvas.width <= 0 || canvas.height <= 0) return true;
-  return right->x >= 0 && low->y >= 0 && left->x <= canvas.width / maps::twips_per_unit &&
-         top->y <= canvas.height / maps::twips_per_unit;
-}
-
-// Places far beyond any screen would cost the painter dear.
-bool is_drawable(const std::vector<Point>& places) {
-  return std::all_of(places.begin(), places.end(),
-                     [](Point at) { return std::abs(at.x) < 1e7 && std::abs(at.y) < 1e7; });
-}
-
-void sen_out(drawing::Surface& surface, const std::vector<Point>& places, drawing::Colour colour) {
-  for (std::size_t i = 1; i < places.size(); ++i) ld(surface, places[i - 1], places[i], colour, line_pen);
-}
-
-void kakomi_out(drawing::Surface& surface, const std::vector<Point>& places, drawing::Colour colour, bool filled) {
+void kakomi_out(drawing::Surface& surface, std::span<const Point> places, drawing::Colour colour, bool filled) {
   const drawing::Fill_style style = filled ? drawing::Fill_style::see_through : drawing::Fill_style::none;
   surface.polygon(places, {colour, line_pen}, {colour, style});
 }
 
-void shape_out(drawing::Surface& surface, maps::Canvas& canvas, const Record& record, bool filled) {
-  const std::vector<Point> places = places_of(canvas, record);
-  if (!may_be_seen(canvas, places) || !is_drawable(places)) return;
+// What a repaint needs for each of its records.
+struct Painting {
+  drawing::Surface& surface;
+  maps::Canvas& canvas;
+  const Chiten_choice& choice;
+  Sides part;
+  double height = 0;          // of texts, canvas units
+  std::vector<Point> places;  // of the vertices in hand
+};
+
+void shape_out(Painting& painting, const Record& record, Drawn_as as) {
+  painting.places.clear();
+  for (const geodesy::Point& vertex : record.vertices)
+    painting.places.push_back(place_of(painting.canvas, vertex.x, vertex.y));
+  if (!may_be_seen(painting.part, painting.places, line_reach) || !is_drawable(painting.places)) return;
   const drawing::Colour colour = colour_of(record.R2, record.G2, record.B2);
-  if (is_area(record.mark))
-    kakomi_out(surface, places, colour, filled);
+  if (as == Drawn_as::area)
+    kakomi_out(painting.surface, painting.places, colour, painting.choice.filled);
   else
-    sen_out(surface, places, colour);
+    sen_out(painting.surface, painting.part, painting.places, colour);
 }
 
-void number_out(drawing::Surface& surface, Point at, const Record& record, Number_shown shown, double height) {
-  const std::string text = number_text_of(record, shown);
+void number_out(Painting& painting, Point at, const Record& record) {
+  const std::string text = number_text_of(record, painting.choice.number);
   if (text.empty()) return;
-  const bool measured = shown == Number_shown::measurement && !record.keisoku_no.empty();
-  surface.text({at.x + number_place.x, at.y + number_place.y}, text, {.height = height},
-               measured ? drawing::red : drawing::black, 0);
+  const bool measured = painting.choice.number == Number_shown::measurement;  // the text is empty without one
+  painting.surface.text({at.x + number_place.x, at.y + number_place.y}, text, {.height = painting.height},
+                        measured ? drawing::red : drawing::black, 0);
+}
+
+Drawn_as drawn_as(const Record& record) {
+  switch (mark_index(record.mark)) {
+    case mark_area:
+      return Drawn_as::area;
+    case mark_line:
+      return Drawn_as::line;
+    case mark_word:
+      return Drawn_as::word;
+    default:
+      return Drawn_as::point;
+  }
+}
+
+std::uint16_t letters_beside(const Record& record, const Symbol* symbol) {
+  std::size_t letters = std::max(platform::character_count(number_text_of(record, Number_shown::registration)),
+                                 platform::character_count(record.keisoku_no));
+  if (symbol) letters = std::max(letters, symbol->dip_text.size());
+  if (is_word(record.mark)) letters = std::max(letters, platform::character_count(record.soukou));
+  return static_cast<std::uint16_t>(std::min<std::size_t>(letters, 0xffff));
+}
+
+// Without a symbol for a record that none was worked out for.
+Drawn_record drawn_record(const Record& record, const Symbol* symbol) {
+  Drawn_record drawn{.X = record.X, .Y = record.Y, .as = drawn_as(record)};
+  drawn.shape = static_cast<std::uint8_t>(mark_shape(record.mark));
+  drawn.has_symbol = symbol && symbol->kind != Symbol_kind::none && drawn.as != Drawn_as::word;
+  drawn.letters = letters_beside(record, symbol);
+  drawn.mark_reach = static_cast<float>(drawn.shape == 0 ? 0 : mark_reach(record.size));
+  drawn.colour = colour_of(record.R, record.G, record.B);
+  return drawn;
+}
+
+void point_and_texts_out(Painting& painting, Point at, const Record& record, const Drawn_record& drawn,
+                         const Symbol* symbol) {
+  if (drawn.as == Drawn_as::word)
+    painting.surface.text(at, record.soukou, {.height = painting.height}, drawn.colour, 0);
+  else
+    mark_out(painting.surface, at, drawn.colour, record.size, drawn.shape);
+  if (drawn.has_symbol) symbol_out(painting.surface, at, *symbol, painting.canvas.zoom_count, painting.height);
+  number_out(painting, at, record);
 }
 
 }  // namespace
@@ -102,12 +137,14 @@ Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& f
   Drawn_records drawn;
   drawn.symbols.reserve(static_cast<std::size_t>(registry.N));
   drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
+  drawn.records.reserve(static_cast<std::size_t>(registry.N));
   for (int row = 1; row <= registry.N; ++row) {
     const Record& record = registry.rows[row];
     const bool has_strike = !record.soukou.empty() || !record.sen_houkou.empty();
     const std::optional<double> decl = has_strike ? declination_of(record, field, canvas) : std::nullopt;
     drawn.symbols.push_back(symbol_of(record, decl.value_or(0), decl.has_value()));
     drawn.declinations.push_back(decl);
+    drawn.records.push_back(drawn_record(record, &drawn.symbols.back()));
   }
   return drawn;
 }
@@ -123,21 +160,17 @@ std::string number_text_of(const Record& record, Number_shown shown) {
 void chiten_out(drawing::Surface& surface, maps::Canvas& canvas, const Registry& registry, const Drawn_records& drawn,
                 const Chiten_choice& choice) {
   if (!choice.marks) return;
-  const double height = canvas.label_scale * label_units;
-  const double reach = std::max(symbol_reach * canvas.zoom_count, longest_label);
+  Painting painting{surface, canvas, choice, painted_part(surface, canvas), canvas.label_scale * label_units, {}};
+  const auto known = static_cast<int>(std::min(drawn.records.size(), drawn.symbols.size()));
   for (int row = 1; row <= registry.N; ++row) {
-    const Record& record = registry.rows[row];
+    const auto place = static_cast<std::size_t>(row - 1);
+    const Symbol* const symbol = row <= known ? &drawn.symbols[place] : nullptr;
+    const Drawn_record made = symbol ? Drawn_record{} : drawn_record(registry.rows[row], nullptr);
+    const Drawn_record& record = symbol ? drawn.records[place] : made;
     const Point at = place_of(canvas, record.X, record.Y);
-    if (is_area(record.mark) || is_line(record.mark)) shape_out(surface, canvas, record, choice.filled);
-    if (!is_near(canvas, at, reach)) continue;
-    if (is_word(record.mark))
-      surface.text(at, record.soukou, {.height = height}, colour_of(record.R, record.G, record.B), 0);
-    else
-      mark_out(surface, at, colour_of(record.R, record.G, record.B), record.size, record.mark);
-    const auto symbol = static_cast<std::size_t>(row - 1);
-    if (symbol < drawn.symbols.size() && !is_word(record.mark))
-      symbol_out(surface, at, drawn.symbols[symbol], canvas.zoom_count, height);
-    number_out(surface, at, record, choice.number, height);
+    if (record.as == Drawn_as::area || record.as == Drawn_as::line) shape_out(painting, registry.rows[row], record.as);
+    if (reaches_into(painting.part, at, reach_of(record, canvas.zoom_count, painting.height)))
+      point_and_texts_out(painting, at, registry.rows[row], record, symbol);
   }
 }
 

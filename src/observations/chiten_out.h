@@ -1,7 +1,9 @@
 // The registry over the map: marks, lines, enclosures, strike symbols and numbers. What a record's texts come to is
-// worked out when the registry is read; a repaint draws from memory and leaves out what lies outside the canvas.
+// worked out when the registry is read; a repaint draws from memory and leaves out what lies outside the canvas, or
+// outside of the part that is painted.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,11 +24,27 @@ struct Chiten_choice {
   Number_shown number = Number_shown::none;  // Check2 with Option8 or Option9
 };
 
-// One for each record of the table.
+enum class Drawn_as : std::uint8_t { point, line, area, word };
+
+// Where a record is drawn and how far its mark, symbol and texts reach, so that a repaint of a strip passes over the
+// rest without touching it.
+struct Drawn_record {
+  double X = 0, Y = 0;
+  Drawn_as as = Drawn_as::point;
+  std::uint8_t shape = 0;  // mark_shape of a point
+  bool has_symbol = false;
+  std::uint16_t letters = 0;  // of the longest text that may stand beside it
+  float mark_reach = 0;       // canvas units
+  drawing::Colour colour = drawing::black;
+};
+
+// One of each for each record of the table. Made anew when the table is: a record that is changed meanwhile is drawn
+// with its old place and colours. Records behind the last are drawn without symbols.
 struct Drawn_records {
   std::vector<Symbol> symbols;
   // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
   std::vector<std::optional<double>> declinations;
+  std::vector<Drawn_record> records;
 };
 
 // The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.

@@ -103,10 +103,19 @@ double mark_reach(double size) {
   return std::max(mark_half(size), least_radius) + mark_pen;
 }
 
-void mark_out(drawing::Surface& surface, Point at, drawing::Colour colour, double size, std::string_view mark) {
+int mark_shape(std::string_view mark) {
   const auto* const found = std::find_if(std::begin(mark_names), std::end(mark_names),
                                          [mark](const Mark_name& name) { return mark == name.name; });
-  if (found == std::end(mark_names)) return;
+  return found == std::end(mark_names) ? 0 : static_cast<int>(found - std::begin(mark_names)) + 1;
+}
+
+void mark_out(drawing::Surface& surface, Point at, drawing::Colour colour, double size, std::string_view mark) {
+  mark_out(surface, at, colour, size, mark_shape(mark));
+}
+
+void mark_out(drawing::Surface& surface, Point at, drawing::Colour colour, double size, int shape) {
+  if (shape < 1 || shape > static_cast<int>(std::size(mark_names))) return;
+  const Mark_name* const found = &mark_names[shape - 1];
   const double h = mark_half(size);
   const drawing::Pen pen = pen_of(colour, mark_pen);
   const drawing::Fill fill{colour, found->filled ? drawing::Fill_style::solid : drawing::Fill_style::none};

@@ -18,9 +18,13 @@ void lc(drawing::Surface& surface, drawing::Point centre, double radius, drawing
 // Half the size of a point's mark: size / 2 x 10 canvas units, a size of 0 counting as 2.
 double mark_half(double size);
 
+// Place of a mark among those that are painted, by its name in either language; 0 for a text that is no mark.
+int mark_shape(std::string_view mark);
+
 // Paints a point's mark at that half size. The names of both languages are recognised; a text that is no mark paints
 // nothing. A filled mark is one filled shape with its outline.
 void mark_out(drawing::Surface& surface, drawing::Point at, drawing::Colour colour, double size, std::string_view mark);
+void mark_out(drawing::Surface& surface, drawing::Point at, drawing::Colour colour, double size, int shape);
 
 // The farthest that a mark of this size reaches from its point.
 double mark_reach(double size);

@@ -30,7 +30,7 @@ Symbol symbol_of(const Record& record, double decl, bool decl_known);
 // Draws at a place in canvas units. `scale` is 1 at the usual size.
 void symbol_out(drawing::Surface& surface, drawing::Point at, const Symbol& symbol, double scale, double label_height);
 
-// The farthest that a symbol and its number reach from the point.
-inline constexpr double symbol_reach = 90;
+// The farthest that a symbol's lines, or the beginning of its number, lie from the point at scale 1.
+inline constexpr double symbol_reach = 55;
 
 }  // namespace observations

@@ -81,7 +81,7 @@ void Canvas_view::bring_up_to_date() {
 }
 
 void Canvas_view::paint_part(QRect part, QPointF shift) {
-  Painter_surface surface(painted_, devicePixelRatioF(), shift, part);
+  Painter_surface surface(painted_, devicePixelRatioF(), shift, part, &text_masks_);
   paint_map_(surface);
 }
 

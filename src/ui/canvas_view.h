@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "drawing/surface.h"
+#include "ui/text_masks.h"
 
 namespace ui {
 
@@ -70,6 +71,7 @@ class Canvas_view : public QWidget {
   Paint_map paint_map_;
   Paint_overlay paint_overlay_;
   View_offset view_offset_;
+  Text_masks text_masks_;  // of the map's texts, kept from one repaint to the next
   QImage painted_;         // device pixels
   QPoint painted_offset_;  // the whole device pixels of the offset at which painted_ was painted
   QCursor tool_cursor_;

@@ -34,21 +34,46 @@ QBrush to_brush(const drawing::Fill& fill) {
   return Qt::NoBrush;
 }
 
+// The painter holds the same memory; what it was told before stands in it already, since it draws at once.
+drawing::Raster raster_of(QImage& image) {
+  return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+          static_cast<int>(image.bytesPerLine() / 4)};
+}
+
+// Whether what is inside a shape has the pen's own colour, or nothing has.
+bool is_plain(const drawing::Pen& pen, const drawing::Fill& fill) {
+  if (pen.style != drawing::Line_style::solid) return false;
+  return fill.style == drawing::Fill_style::none ||
+         (fill.style == drawing::Fill_style::solid && fill.colour == pen.colour);
+}
+
 }  // namespace
 
-Painter_surface::Painter_surface(QImage& image, double device_ratio, QPointF shift, QRect clip)
+Painter_surface::Painter_surface(QImage& image, double device_ratio, QPointF shift, QRect clip, Text_masks* kept_masks)
     : image_(image),
       unit_(device_ratio / 2),
       device_ratio_(device_ratio),
       shift_(shift),
       clip_(clip & image.rect()),
+      masks_(kept_masks ? *kept_masks : own_masks_),
       painter_(&image) {
   painter_.setClipRect(clip_);
   painter_.setRenderHint(QPainter::Antialiasing);
+  small_.raster = raster_of(image);
+  small_.clip = {clip_.left(), clip_.top(), clip_.right() + 1, clip_.bottom() + 1};
+}
+
+drawing::Rect Painter_surface::touched_part() const {
+  return {(clip_.left() - shift_.x()) / unit_, (clip_.top() - shift_.y()) / unit_, clip_.width() / unit_,
+          clip_.height() / unit_};
 }
 
 QPointF Painter_surface::to_device(drawing::Point point) const {
   return QPointF(point.x * unit_, point.y * unit_) + shift_;
+}
+
+drawing::Point Painter_surface::to_pixels(drawing::Point point) const {
+  return {point.x * unit_ + shift_.x(), point.y * unit_ + shift_.y()};
 }
 
 QPen Painter_surface::to_pen(const drawing::Pen& pen) const {
@@ -64,6 +89,9 @@ void Painter_surface::clear(drawing::Colour colour) {
 }
 
 void Painter_surface::line(drawing::Point from, drawing::Point to, const drawing::Pen& pen) {
+  if (pen.style == drawing::Line_style::solid &&
+      drawing::small_line(small_, to_pixels(from), to_pixels(to), pen.width * device_ratio_, pen.colour))
+    return;
   painter_.setPen(to_pen(pen));
   painter_.drawLine(to_device(from), to_device(to));
 }
@@ -78,6 +106,11 @@ void Painter_surface::polyline(std::span<const drawing::Point> points, const dra
 
 void Painter_surface::polygon(std::span<const drawing::Point> points, const drawing::Pen& pen,
                               const drawing::Fill& fill) {
+  corners_.clear();
+  for (const drawing::Point point : points) corners_.push_back(to_pixels(point));
+  if (is_plain(pen, fill) && drawing::small_polygon(small_, corners_, pen.width * device_ratio_, pen.colour,
+                                                    fill.style == drawing::Fill_style::solid))
+    return;
   QPolygonF polygon;
   polygon.reserve(static_cast<qsizetype>(points.size()));
   for (const drawing::Point point : points) polygon.append(to_device(point));
@@ -87,6 +120,9 @@ void Painter_surface::polygon(std::span<const drawing::Point> points, const draw
 }
 
 void Painter_surface::circle(drawing::Point centre, double radius, const drawing::Pen& pen, const drawing::Fill& fill) {
+  if (is_plain(pen, fill) && drawing::small_circle(small_, to_pixels(centre), radius * unit_, pen.width * device_ratio_,
+                                                   pen.colour, fill.style == drawing::Fill_style::solid))
+    return;
   painter_.setPen(to_pen(pen));
   painter_.setBrush(to_brush(fill));
   painter_.drawEllipse(to_device(centre), radius * unit_, radius * unit_);
@@ -94,9 +130,12 @@ void Painter_surface::circle(drawing::Point centre, double radius, const drawing
 
 void Painter_surface::text(drawing::Point at, const std::string& text, const drawing::Font& font,
                            drawing::Colour colour, int tenths) {
-  QFont used(to_toolkit(font.name));
-  used.setPixelSize(std::max(1, qRound(font.height * unit_)));
-  used.setBold(font.bold);
+  const int pixels = std::max(1, qRound(font.height * unit_));
+  if (tenths == 0 && pixels <= mask_height_limit) {
+    text_out(masks_of(masks_, font, pixels), to_device(at), text, colour, small_.raster, small_.clip);
+    return;
+  }
+  const QFont used = map_font(font, pixels);
   painter_.setFont(used);
   painter_.setPen(to_colour(colour));
   painter_.save();
@@ -113,9 +152,7 @@ void Painter_surface::picture(const drawing::Sheet_picture& picture, const drawi
   if (touched.isEmpty()) return;
   const platform::Picture& level =
       picture.levels[static_cast<std::size_t>(drawing::level_for(picture, device.width()))];
-  // The painter holds the same memory; what it was told before stands in it already, since it draws at once.
-  const drawing::Raster raster{reinterpret_cast<std::uint32_t*>(image_.bits()), image_.width(), image_.height(),
-                               static_cast<int>(image_.bytesPerLine() / 4)};
+  const drawing::Raster& raster = small_.raster;
   const drawing::Rect place{device.x(), device.y(), device.width(), device.height()};
   const auto paint_rows = [&](int top, int bottom) {
     drawing::paint_scaled(level, place, raster, {touched.left(), top, touched.right() + 1, bottom});

@@ -132,3 +132,63 @@ TEST_F(Chiten_out, NothingIsDrawnWhereThePointsAreSwitchedOff) {
   add(0, 1000, "○");
   EXPECT_TRUE(drawn({false, false, Number_shown::none}).calls.empty());
 }
+
+namespace {
+
+struct Part_recorder : support::Recorder {
+  drawing::Rect part;
+  drawing::Rect touched_part() const override { return part; }
+};
+
+}  // namespace
+
+// At label scale 8 a text is 22 units high: a number of three letters reaches 66 units from its place at (10, 13).
+TEST_F(Chiten_out, APaintedPartGetsWhatReachesIntoItAndNoMore) {
+  add(100, 900, "○").touroku_no = "081115-001";  // at (200, 200)
+  add(130, 900, "○").touroku_no = "081115-002";
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  const auto numbers = [&](drawing::Rect part) {
+    Part_recorder surface;
+    surface.part = part;
+    observations::chiten_out(surface, canvas, registry, drawn_records, {true, false, Number_shown::registration});
+    std::string found;
+    for (const support::Drawn& call : surface.of("text")) found += call.text + " ";
+    return found;
+  };
+  EXPECT_EQ(numbers({0, 0, 1000, 1000}), "001 002 ");
+  EXPECT_EQ(numbers({270, 190, 10, 60}), "001 002 ");
+  EXPECT_EQ(numbers({290, 190, 10, 60}), "002 ");
+  EXPECT_EQ(numbers({150, 190, 45, 60}), "001 ");
+  EXPECT_EQ(numbers({200, 120, 60, 60}), "");
+  EXPECT_EQ(numbers({200, 260, 60, 60}), "");
+}
+
+TEST_F(Chiten_out, OfALineOnlyTheSegmentsInThePaintedPartAreDrawn) {
+  add(0, 0, "線").vertices = {{0, 1000}, {500, 1000}, {500, 600}, {0, 600}};
+  Part_recorder surface;
+  surface.part = {590, 200, 20, 20};
+  observations::chiten_out(surface, canvas, registry, observations::drawn_records(registry, {}, canvas), {});
+  const auto lines = surface.of("line");
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines[0].points, (std::vector<drawing::Point>{{600, 100}, {600, 500}}));
+}
+
+TEST_F(Chiten_out, ARecordThatCameAfterTheReadingIsDrawnWithoutASymbol) {
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  Record& record = add(0, 1000, "■");
+  record.soukou = "N30E";
+  record.keisha = "30E";
+  support::Recorder surface;
+  observations::chiten_out(surface, canvas, registry, drawn_records, {});
+  ASSERT_EQ(surface.calls.size(), 1u);
+  EXPECT_EQ(surface.calls[0].what, "polygon");
+}
+
+TEST_F(Chiten_out, DrawingLeavesTheTableAsItIs) {
+  Record& record = add(0, 1000, "○");
+  record.soukou = "n30e";
+  record.keisha = "30s";
+  const Record before = record;
+  drawn({true, false, Number_shown::registration});
+  EXPECT_EQ(registry.rows[1], before);
+}

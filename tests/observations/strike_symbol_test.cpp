@@ -33,7 +33,167 @@ void expect_line(const support::Drawn& line, double x1, double y1, double x2, do
   EXPECT_NEAR(line.points[1].y, y2, 1e-9);
 }
 
+// Sines of 0, 15 ... 90 degrees, from a printed table.
+constexpr double sines[] = {0, 0.2588190451025207, 0.5, 0.7071067811865476, 0.8660254037844386, 0.9659258262890683, 1};
+
+double sine(int steps) {
+  const int turn = ((steps % 24) + 24) % 24;
+  if (turn > 12) return -sine(turn - 12);
+  return sines[turn <= 6 ? turn : 12 - turn];
+}
+
+// The point at a length from (500, 500) towards so many steps of 15 degrees from north, clockwise.
+drawing::Point towards(int steps, double length) {
+  return {500 + length * sine(steps), 500 - length * sine(steps + 6)};
+}
+
+// A strike as it is written, and its azimuth in steps of 15 degrees.
+struct Written {
+  const char* strike;
+  int steps;
+};
+
+// Read from the north, on either side of it.
+// clang-format off
+constexpr Written quadrants[] = {
+    {"N90W", -6}, {"N75W", -5}, {"N60W", -4}, {"N45W", -3}, {"N30W", -2}, {"N15W", -1}, {"N0W", 0}, {"NS", 0},
+    {"N0E",   0}, {"N15E",  1}, {"N30E",  2}, {"N45E",  3}, {"N60E",  4}, {"N75E",  5}, {"N90E", 6},
+};
+constexpr Written azimuths[] = {
+    {"0",    0}, {"15",   1}, {"30",   2}, {"45",   3}, {"60",   4}, {"75",   5}, {"90",   6}, {"105",  7},
+    {"120",  8}, {"135",  9}, {"150", 10}, {"165", 11}, {"180", 12}, {"195", 13}, {"210", 14}, {"225", 15},
+    {"240", 16}, {"255", 17}, {"270", 18}, {"285", 19}, {"300", 20}, {"315", 21}, {"330", 22}, {"345", 23},
+};
+// clang-format on
+
+// The side of the strike line on which the tick stands: 6 steps to the right or to the left.
+constexpr int right = 6, left = -6;
+
+void expect_plane(const char* strike, const std::string& dip, int steps, int side) {
+  SCOPED_TRACE(std::string(strike) + " " + dip);
+  const auto lines = drawn(plane(strike, dip)).of("line");
+  ASSERT_EQ(lines.size(), 2u);
+  const drawing::Point begin = towards(steps + 12, 25), end = towards(steps, 25), tick = towards(steps + side, 15);
+  expect_line(lines[0], begin.x, begin.y, end.x, end.y);
+  expect_line(lines[1], 500, 500, tick.x, tick.y);
+}
+
+// Where a plane of a strike towards the north-east or the north-west falls, by the compass.
+int side_by_compass(int steps, char letter) {
+  if (letter == 'E') return right;
+  if (letter == 'W') return left;
+  const bool north_east = steps > 0;
+  return (letter == 'S') == north_east ? right : left;
+}
+
 }  // namespace
+
+TEST(Strike_symbol, EveryStrikeOfTheQuadrantsFallsToTheSideThatItsLetterNames) {
+  for (const Written& written : quadrants)
+    for (const char letter : {'E', 'W', 'S', 'N'}) {
+      const bool along_the_meridian = written.steps == 0 && (letter == 'S' || letter == 'N');
+      if (along_the_meridian) continue;
+      for (const char* angle : {"1", "15", "30", "45", "60", "89", "90"})
+        expect_plane(written.strike, angle + std::string(1, letter), written.steps,
+                     side_by_compass(written.steps, letter));
+    }
+}
+
+// Beside a bare azimuth "E" is the right side and "W" the left one, wherever that lies; a bare dip is on the right.
+TEST(Strike_symbol, EveryAzimuthHasItsTickOnTheSideOfEOrW) {
+  for (const Written& written : azimuths) {
+    expect_plane(written.strike, "30E", written.steps, right);
+    expect_plane(written.strike, "30W", written.steps, left);
+    expect_plane(written.strike, "30", written.steps, right);
+  }
+}
+
+// The tick stands on the left unless the dip is positive.
+TEST(Strike_symbol, AHorizontalPlaneHasItsTickOnTheLeftAndAVerticalOneOnItsSide) {
+  for (const Written& written : azimuths) {
+    for (const char* flat : {"0", "0E", "0W"}) expect_plane(written.strike, flat, written.steps, left);
+    expect_plane(written.strike, "90", written.steps, right);
+    expect_plane(written.strike, "90E", written.steps, right);
+    expect_plane(written.strike, "90W", written.steps, left);
+  }
+  EXPECT_EQ(drawn(plane("30", "0")).of("text").at(0).text, "0");
+  EXPECT_EQ(drawn(plane("30", "90W")).of("text").at(0).text, "90");
+}
+
+// A letter that names no side of its strike reads as no dip.
+TEST(Strike_symbol, NAndSOfAStrikeWithoutALetterStandOnTheLeft) {
+  for (const char* dip : {"30N", "30S"}) {
+    expect_plane("NS", dip, 0, left);
+    expect_plane("120", dip, 8, left);
+  }
+}
+
+TEST(Strike_symbol, TheNumberOfEveryStrikeStandsInItsPlace) {
+  const auto offset_of = [](int steps, char letter) {
+    const int azimuth = (steps * 15 + 360) % 360;
+    if (azimuth <= 45 || azimuth >= 315) return drawing::Point{10, -30};
+    if (azimuth >= 135 && azimuth <= 225) return drawing::Point{-30, -25};
+    if (letter == 'S') return drawing::Point{0, 10};
+    if (letter == 'N') return drawing::Point{0, -20};
+    return letter == 'W' ? drawing::Point{-50, 0} : drawing::Point{10, -30};
+  };
+  const auto check = [&](const Written& written) {
+    for (const char letter : {'E', 'W', 'S', 'N'}) {
+      const auto texts = drawn(plane(written.strike, "42" + std::string(1, letter))).of("text");
+      ASSERT_EQ(texts.size(), 1u);
+      const drawing::Point offset = offset_of(written.steps, letter);
+      EXPECT_EQ(texts[0].points[0], (drawing::Point{500 + offset.x, 500 + offset.y})) << written.strike << letter;
+      EXPECT_EQ(texts[0].text, "42");
+    }
+  };
+  for (const Written& written : quadrants) check(written);
+  for (const Written& written : azimuths) check(written);
+}
+
+// Cosine and sine of 10 degrees, from a printed table.
+TEST(Strike_symbol, EveryLineationIsAnArrowThatPointsThere) {
+  constexpr double cos10 = 0.984807753012208, sin10 = 0.17364817766693;
+  for (const Written& written : azimuths) {
+    SCOPED_TRACE(written.strike);
+    Record record = plane(written.strike, "20");
+    record.taishou = "線構造";
+    const auto lines = drawn(record).of("line");
+    ASSERT_EQ(lines.size(), 3u);
+    const drawing::Point tip = towards(written.steps, 50);
+    const drawing::Point ahead = towards(written.steps, 40 * cos10);
+    const drawing::Point aside = towards(written.steps + 6, 40 * sin10);
+    const double x = aside.x - 500, y = aside.y - 500;
+    expect_line(lines[0], 500, 500, tip.x, tip.y);
+    expect_line(lines[1], tip.x, tip.y, ahead.x - x, ahead.y - y);
+    expect_line(lines[2], tip.x, tip.y, ahead.x + x, ahead.y + y);
+  }
+}
+
+TEST(Strike_symbol, EveryLineationBesideAPlaneKeepsItsOwnDirection) {
+  for (const Written& strike : quadrants)
+    for (const Written& trend : azimuths) {
+      Record record = plane(strike.strike, "30E");
+      record.sen_houkou = trend.strike;
+      record.sen_keisha = "15";
+      const auto lines = drawn(record).of("line");
+      ASSERT_EQ(lines.size(), 5u);
+      const drawing::Point end = towards(strike.steps, 25), tip = towards(trend.steps, 50);
+      EXPECT_NEAR(lines[0].points[1].x, end.x, 1e-9);
+      EXPECT_NEAR(lines[2].points[1].x, tip.x, 1e-9);
+      EXPECT_NEAR(lines[2].points[1].y, tip.y, 1e-9);
+    }
+}
+
+TEST(Strike_symbol, DrawingLeavesTheTextsOfTheRecordAsTheyWereTyped) {
+  Record record = plane("n30e", "45s");
+  record.sen_houkou = "n10w";
+  record.sen_keisha = "5e";
+  const Record typed = record;
+  const auto lines = drawn(record).of("line");
+  EXPECT_EQ(lines.size(), 5u);
+  EXPECT_EQ(record, typed);
+  expect_plane("n30e", "45s", 2, right);
+}
 
 TEST(Strike_symbol, ANorthStrikeThatFallsEastHasItsTickOnTheRight) {
   const auto lines = drawn(plane("NS", "30E")).of("line");

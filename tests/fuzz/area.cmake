@@ -1,0 +1,1 @@
+terranote_fuzz(area LINKS terranote_observations)
