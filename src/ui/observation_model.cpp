@@ -150,7 +150,6 @@ std::vector<int> Observation_model::registry_read() {
 }
 
 void Observation_model::Language_set() {
-  registry_read();
   emit headerDataChanged(Qt::Horizontal, 0, list_columns - 1);
 }
 

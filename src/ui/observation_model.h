@@ -17,7 +17,7 @@ class Observation_model : public QAbstractTableModel {
 
   // The registry was read anew. For each record of before (from index 0) its number now, 0 where it went.
   std::vector<int> registry_read();
-  // The texts are made anew in the session's language.
+  // The captions are the session's language's; the rows' texts follow at the next registry_read().
   void Language_set();
   // The rows that hold all words and that `kept` keeps.
   void set_filter(const QString& words, Kept kept);

@@ -53,7 +53,7 @@ QString copied_cell(QString text) {
 
 Observation_table::Observation_table(session::Session& session, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint), session_(session) {
-  setObjectName("observation_table");
+  setObjectName("registered_observations");
   setSizeGripEnabled(true);
   model_ = new Observation_model(session, this);
   build_table();
@@ -196,17 +196,22 @@ void Observation_table::set_captions() {
   show_state();
 }
 
+void Observation_table::make_usual_width(int column) {
+  const QFontMetrics metrics = table_->fontMetrics();
+  const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  const bool japanese = core::is_japanese(session_.settings.language);
+  const int width = cell_margin + std::max(metrics.horizontalAdvance(QString::fromUtf8(usual_text(column, japanese))),
+                                           metrics.horizontalAdvance(caption) + sort_mark);
+  widths_[static_cast<std::size_t>(column)] = width;
+  table_->horizontalHeader()->resizeSection(column, width);
+}
+
 void Observation_table::usual_columns() {
   QHeaderView* const header = table_->horizontalHeader();
-  const bool japanese = core::is_japanese(session_.settings.language);
-  const QFontMetrics metrics = table_->fontMetrics();
   for (int column = 0; column < list_columns; ++column) {
-    const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    const int needed = std::max(metrics.horizontalAdvance(QString::fromUtf8(usual_text(column, japanese))),
-                                metrics.horizontalAdvance(caption) + sort_mark);
     header->setSectionHidden(column, false);
     header->moveSection(header->visualIndex(column), column);
-    header->resizeSection(column, needed + cell_margin);
+    make_usual_width(column);
   }
 }
 
@@ -223,11 +228,12 @@ void Observation_table::registry_read() {
 }
 
 void Observation_table::Language_set() {
-  keep_place([this] {
-    model_->Language_set();
-    return std::vector<int>();
-  });
+  // A width that the person has changed stays.
+  for (int column = 0; column < list_columns; ++column)
+    if (table_->columnWidth(column) == widths_[static_cast<std::size_t>(column)]) make_usual_width(column);
+  model_->Language_set();
   set_captions();
+  registry_read();
 }
 
 void Observation_table::select(int touroku) {

@@ -4,12 +4,14 @@
 
 #include <QDialog>
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/session/session.h"
+#include "ui/observation_list.h"
 
 class QAction;
 class QComboBox;
@@ -53,6 +55,7 @@ class Observation_table : public QDialog {
   void connect_all();
   void set_captions();
   void usual_columns();
+  void make_usual_width(int column);
 
   // Runs what changes the rows; selection and scroll place follow by record. `change` gives for each record number
   // before (from index 0) the number afterwards, or nothing where they stay.
@@ -85,7 +88,8 @@ class Observation_table : public QDialog {
   QAction* change_action_ = nullptr;
   QAction* copy_action_ = nullptr;
   QMenu* columns_menu_ = nullptr;
-  int touroku_ = 0;  // chosen last, here or elsewhere; also while the filter hides it
+  std::array<int, list_columns> widths_{};  // as the program made them
+  int touroku_ = 0;                         // chosen last, here or elsewhere; also while the filter hides it
   // The record that was chosen elsewhere since the rows went stale; none for a choice that the rows know.
   std::optional<std::string> chosen_meanwhile_;
   bool stale_ = true;      // the registry was read while the table was hidden
