@@ -25,7 +25,7 @@ using namespace observations;
 
 // Logical pixels.
 constexpr int mark_side = 72, symbol_side = 96;
-constexpr int memo_height = 72, notes_height = 72;
+constexpr int memo_height = 72;
 constexpr int least_form_height = 96;
 
 // A form that scrolls up and down alone, and is never narrower than its texts.
@@ -33,22 +33,6 @@ class Form_area : public QScrollArea {
  public:
   QSize minimumSizeHint() const override {
     return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), least_form_height};
-  }
-};
-
-// Sentences that scroll in a few lines of their own where they are many.
-class Notes_area : public QScrollArea {
- public:
-  QSize sizeHint() const override {
-    const int width = std::max(1, viewport()->width());
-    return {0, std::min(notes_height, widget()->heightForWidth(width) + 2)};
-  }
-  QSize minimumSizeHint() const override { return {0, 18}; }
-
- protected:
-  void resizeEvent(QResizeEvent* event) override {
-    QScrollArea::resizeEvent(event);
-    if (event->size().width() != event->oldSize().width()) updateGeometry();
   }
 };
 
@@ -86,6 +70,16 @@ class Arrow : public QToolButton {
   QSize sizeHint() const override { return {18, 11}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 };
+
+QWidget* scroll_control() {
+  auto* scroll = named(new QWidget, "VScroll2");
+  auto* arrows = new QVBoxLayout(scroll);
+  arrows->setContentsMargins(0, 0, 0, 0);
+  arrows->setSpacing(0);
+  arrows->addWidget(named(new Arrow(Qt::UpArrow), "VScroll2_up"));
+  arrows->addWidget(named(new Arrow(Qt::DownArrow), "VScroll2_down"));
+  return scroll;
+}
 
 }  // namespace
 
@@ -137,7 +131,7 @@ QWidget* Frame6::build_form() {
   return form_;
 }
 
-QLineEdit* Frame6::text_row(QFormLayout* form, const char* label_name, int box, const char* name) {
+QLineEdit* Frame6::text_row(QFormLayout* form, const char* label_name, int box, const char* name, QWidget* beside) {
   auto* label = named(new QLabel, label_name);
   auto* edit = named(new QLineEdit, name);
   edit->setMinimumWidth(100);
@@ -153,7 +147,15 @@ QLineEdit* Frame6::text_row(QFormLayout* form, const char* label_name, int box, 
   inside->addWidget(slip);
   label->setBuddy(edit);
   texts_[static_cast<std::size_t>(box)] = edit;
-  form->addRow(label, edit);
+  if (!beside) {
+    form->addRow(label, edit);
+    return edit;
+  }
+  auto* pair = new QWidget;
+  auto* row = row_in(pair);
+  row->addWidget(edit, 1);
+  row->addWidget(beside);
+  form->addRow(label, pair);
   return edit;
 }
 
@@ -191,21 +193,7 @@ void Frame6::add_plane(QFormLayout* form) {
   numbering_ = named(new QLabel, "numbering");
   numbering_->setWordWrap(true);
   form->addRow(numbering_);
-  auto* number = text_row(form, "Label29", box_measurement, "Text13");
-  number->installEventFilter(this);
-  auto* scroll = named(new QWidget, "VScroll2");
-  auto* arrows = new QVBoxLayout(scroll);
-  arrows->setContentsMargins(0, 0, 0, 0);
-  arrows->setSpacing(0);
-  arrows->addWidget(named(new Arrow(Qt::UpArrow), "VScroll2_up"));
-  arrows->addWidget(named(new Arrow(Qt::DownArrow), "VScroll2_down"));
-  auto* pair = new QWidget;
-  auto* row = row_in(pair);
-  const int at = form->rowCount() - 1;
-  form->removeItem(form->itemAt(at, QFormLayout::FieldRole));
-  row->addWidget(number, 1);
-  row->addWidget(scroll);
-  form->setWidget(at, QFormLayout::FieldRole, pair);
+  text_row(form, "Label29", box_measurement, "Text13", scroll_control())->installEventFilter(this);
   text_row(form, "Label19_5", box_sen_keisha, "Text14_3");
   text_row(form, "Label19_8", box_sen_houkou, "Text14_4");
   Label3_ = named(new QLineEdit, "Label3");
@@ -281,76 +269,6 @@ void Frame6::add_lines(QVBoxLayout* column) {
   column->addWidget(command_button("surface_add", "surface_add"));
 }
 
-// Rows of what is read, the declination, and what comes of it; the sentences below.
-QWidget* Frame6::build_echo() {
-  struct Cell {
-    const char* name;
-    int row, column;
-  };
-  static constexpr Cell cells[] = {{"head_raw", 0, 1},
-                                   {"head_declination", 0, 2},
-                                   {"head_corrected", 0, 3},
-                                   {"head_strike", 1, 0},
-                                   {"echo_raw", 1, 1},
-                                   {"echo_declination", 1, 2},
-                                   {"echo_corrected", 1, 3},
-                                   {"head_dip", 2, 0},
-                                   {"echo_dip", 2, 1},
-                                   {"echo_dip_corrected", 2, 3},
-                                   {"head_side", 3, 0},
-                                   {"echo_side", 3, 1},
-                                   {"echo_side_corrected", 3, 3},
-                                   {"head_text", 4, 0},
-                                   {"echo_text", 4, 1},
-                                   {"echo_text_corrected", 4, 3},
-                                   {"head_lineation", 5, 0},
-                                   {"echo_lineation", 5, 1},
-                                   {"echo_lineation_declination", 5, 2},
-                                   {"echo_lineation_corrected", 5, 3},
-                                   {"head_lineation_dip", 6, 0},
-                                   {"echo_lineation_dip", 6, 1}};
-  auto* box = named(new QFrame, "echo");
-  box->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-  QFont small = font();
-  small.setPointSizeF(std::max(7.0, small.pointSizeF() - 1));
-  box->setFont(small);
-  auto* column = new QVBoxLayout(box);
-  column->setContentsMargins(4, 3, 4, 3);
-  column->setSpacing(2);
-  auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(6);
-  grid->setVerticalSpacing(1);
-  for (const Cell& cell : cells) {
-    auto* label = named(new QLabel, cell.name);
-    if (QString(cell.name).startsWith("head_")) label->setForegroundRole(QPalette::PlaceholderText);
-    grid->addWidget(label, cell.row, cell.column);
-  }
-  for (int i = 1; i < 4; ++i) grid->setColumnStretch(i, 1);
-  column->addLayout(grid);
-  auto* model = named(new QLabel, "echo_model");
-  model->setWordWrap(true);
-  column->addWidget(model);
-  auto* told = named(new QWidget, "echo_told");
-  auto* row = row_in(told);
-  auto* icon = named(new QLabel, "echo_icon");
-  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(16, 16));
-  row->addWidget(icon, 0, Qt::AlignTop);
-  auto* notes = named(new QLabel, "echo_notes");
-  notes->setWordWrap(true);
-  notes->setTextFormat(Qt::PlainText);
-  notes->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  notes_area_ = named(new Notes_area, "notes_area");
-  notes_area_->setWidgetResizable(true);
-  notes_area_->setFrameShape(QFrame::NoFrame);
-  notes_area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  notes_area_->setFocusPolicy(Qt::NoFocus);
-  notes_area_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  notes_area_->setWidget(notes);
-  row->addWidget(notes_area_, 1);
-  column->addWidget(told);
-  return box;
-}
-
 QWidget* Frame6::build_ends() {
   auto* ends = named(new QWidget, "entry_ends");
   auto* grid = new QGridLayout(ends);
@@ -366,7 +284,11 @@ QWidget* Frame6::build_ends() {
 QPushButton* Frame6::command_button(const char* object, const char* name) {
   auto* button = named(new Wrap_button, object);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, name] { emit command(name); });
+  connect(button, &QPushButton::clicked, this, [this, name] {
+    emit command(name);
+    enable();  // a line was begun or ended
+    state_show();
+  });
   return button;
 }
 

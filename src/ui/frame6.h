@@ -52,6 +52,7 @@ class Frame6 : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -64,9 +65,8 @@ class Frame6 : public QWidget {
   void add_mark(QVBoxLayout* column);
   void add_memo(QVBoxLayout* column);
   void add_lines(QVBoxLayout* column);
-  QWidget* build_echo();
   QWidget* build_ends();
-  QLineEdit* text_row(QFormLayout* form, const char* label, int box, const char* name);
+  QLineEdit* text_row(QFormLayout* form, const char* label, int box, const char* name, QWidget* beside = nullptr);
   QComboBox* combo_row(QFormLayout* form, const char* label, const char* name, bool editable);
   QPushButton* command_button(const char* object, const char* name);
   void order_tabs();
@@ -84,6 +84,8 @@ class Frame6 : public QWidget {
   bool is_open() const { return session_.entry.open; }
 
   // frame6_echo.cpp
+  QWidget* build_echo();
+  QWidget* build_notes();
   void echo_out();
   void cells_out(const observations::Entry_echo& echo);
   void sentences_out(const observations::Entry_echo& echo, const QStringList& not_storable);

@@ -176,6 +176,12 @@ bool Frame6::event(QEvent* event) {
   return QWidget::event(event);
 }
 
+// While another tab was in front a sheet may have come, and another numbering.
+void Frame6::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  boxes_out();
+}
+
 void Frame6::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   auto* const button = qobject_cast<QPushButton*>(window()->focusWidget());

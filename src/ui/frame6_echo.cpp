@@ -1,9 +1,12 @@
 // How the panel's texts will be read, shown beside them, and the marks on boxes whose text is read in another way than
 // it looks or can't be stored.
 #include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVariant>
 
 #include <algorithm>
@@ -20,8 +23,57 @@ using namespace observations;
 namespace {
 
 constexpr double label_height = 22;  // canvas units: the map's labels at their usual size
+constexpr int notes_height = 72;     // logical pixels
 constexpr const char* bad_frame = "2px solid #c62828";
 constexpr const char* slip_frame = "2px solid #c77700";
+
+struct Cell {
+  const char* name;
+  int row, column;
+};
+constexpr Cell cells[] = {{"head_raw", 0, 1},
+                          {"head_declination", 0, 2},
+                          {"head_corrected", 0, 3},
+                          {"head_strike", 1, 0},
+                          {"echo_raw", 1, 1},
+                          {"echo_declination", 1, 2},
+                          {"echo_corrected", 1, 3},
+                          {"head_dip", 2, 0},
+                          {"echo_dip", 2, 1},
+                          {"echo_dip_corrected", 2, 3},
+                          {"head_side", 3, 0},
+                          {"echo_side", 3, 1},
+                          {"echo_side_corrected", 3, 3},
+                          {"head_text", 4, 0},
+                          {"echo_text", 4, 1},
+                          {"echo_text_corrected", 4, 3},
+                          {"head_lineation", 5, 0},
+                          {"echo_lineation", 5, 1},
+                          {"echo_lineation_declination", 5, 2},
+                          {"echo_lineation_corrected", 5, 3},
+                          {"head_lineation_dip", 6, 0},
+                          {"echo_lineation_dip", 6, 1}};
+// Sentences that scroll in a few lines of their own where they are many.
+class Notes_area : public QScrollArea {
+ public:
+  QSize sizeHint() const override {
+    const int width = std::max(1, viewport()->width());
+    return {0, std::min(notes_height, widget()->heightForWidth(width) + 2)};
+  }
+  QSize minimumSizeHint() const override { return {0, 18}; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QScrollArea::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) updateGeometry();
+  }
+};
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* name) {
+  widget->setObjectName(name);
+  return widget;
+}
 
 // Sets the frame and the tool tip of a box; without a frame its own hint is the tool tip.
 void box_mark(QWidget* box, const char* frame, const QString& told) {
@@ -49,6 +101,56 @@ QString not_stored(const QString& text, const std::string& as_read, bool is_colu
 }
 
 }  // namespace
+
+// Rows of what is read, the declination, and what comes of it; the sentences below.
+QWidget* Frame6::build_echo() {
+  auto* box = named(new QFrame, "echo");
+  box->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  QFont small = font();
+  small.setPointSizeF(std::max(7.0, small.pointSizeF() - 1));
+  box->setFont(small);
+  auto* column = new QVBoxLayout(box);
+  column->setContentsMargins(4, 3, 4, 3);
+  column->setSpacing(2);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(1);
+  for (const Cell& cell : cells) {
+    auto* label = named(new QLabel, cell.name);
+    if (QString(cell.name).startsWith("head_")) label->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(label, cell.row, cell.column);
+  }
+  for (int i = 1; i < 4; ++i) grid->setColumnStretch(i, 1);
+  column->addLayout(grid);
+  auto* model = named(new QLabel, "echo_model");
+  model->setWordWrap(true);
+  column->addWidget(model);
+  column->addWidget(build_notes());
+  return box;
+}
+
+QWidget* Frame6::build_notes() {
+  auto* told = named(new QWidget, "echo_told");
+  auto* row = new QHBoxLayout(told);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(4);
+  auto* icon = named(new QLabel, "echo_icon");
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(16, 16));
+  row->addWidget(icon, 0, Qt::AlignTop);
+  auto* notes = named(new QLabel, "echo_notes");
+  notes->setWordWrap(true);
+  notes->setTextFormat(Qt::PlainText);
+  notes->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  notes_area_ = named(new Notes_area, "notes_area");
+  notes_area_->setWidgetResizable(true);
+  notes_area_->setFrameShape(QFrame::NoFrame);
+  notes_area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  notes_area_->setFocusPolicy(Qt::NoFocus);
+  notes_area_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  notes_area_->setWidget(notes);
+  row->addWidget(notes_area_, 1);
+  return told;
+}
 
 void Frame6::echo_out() {
   if (!is_open()) return;

@@ -484,6 +484,24 @@ TEST_P(Frame6, CountsTheVertices) {
   EXPECT_TRUE(find<QWidget>("Command31")->isEnabled());
 }
 
+TEST_P(Frame6, OffersTheLinesEndAsSoonAsTheLineIsBegun) {
+  place.open();
+  QObject::connect(place.frame.get(), &ui::Frame6::command,
+                   [this](const QString& name) { place.session.flags.line_mode = name == "Command6" ? 1 : 0; });
+  find<QPushButton>("Command6")->click();
+  EXPECT_TRUE(find<QWidget>("Command31")->isEnabled());
+  EXPECT_FALSE(find<QWidget>("Command6")->isEnabled());
+  find<QPushButton>("Command31")->click();
+  EXPECT_TRUE(find<QWidget>("Command6")->isEnabled());
+}
+
+TEST_P(Frame6, OffersANewPointWhenItComesIntoViewOnASheet) {
+  place.frame->hide();
+  place.session.current_sheet = "free";
+  place.frame->show();
+  EXPECT_TRUE(find<QWidget>("entry_new")->isEnabled());
+}
+
 TEST_P(Frame6, TellsTheNumberingInForce) {
   EXPECT_THAT(place.label("numbering"), HasSubstr(either("入力年月日毎", "by entry date")));
   place.session.boxes.Option4 = {false, true, false};
