@@ -20,6 +20,7 @@
 #include "core/session/start_up.h"
 #include "platform/qt/qt_serial_port.h"
 #include "ui/canvas_view.h"
+#include "ui/frame6.h"
 #include "ui/gps_state.h"
 #include "ui/guard.h"
 #include "ui/icons.h"
@@ -134,6 +135,7 @@ void Frm_main::show(session::Redraw redraw) {
 
 void Frm_main::show_all() {
   show_state();
+  Frame6_->boxes_out();
   show(session::Redraw::all);
 }
 

@@ -132,7 +132,8 @@ class Frm_main : public QMainWindow {
   void panel_command(const QString& name);
   void save_record();
   void close_record();
-  void perform_panel(const std::function<void()>& procedure);
+  void open_input_sheet();
+  void open_pictures(bool edit);
   void show_memo();
   void open_shape();
   void open_shape_make();

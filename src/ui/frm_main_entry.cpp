@@ -1,5 +1,6 @@
 // The entry of observations in the main window: the menu of a point, the panel of the tab "Position", the table beside
 // the map, undo and redo.
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -16,6 +17,7 @@
 #include "ui/canvas_view.h"
 #include "ui/frame6.h"
 #include "ui/frm_main.h"
+#include "ui/frm_sel_picture.h"
 #include "ui/frm_shape.h"
 #include "ui/frm_shape_make.h"
 #include "ui/observation_table.h"
@@ -45,6 +47,7 @@ void Frm_main::connect_entry() {
     canvas_->overlay_changed();
   });
   connect(Frame6_, &Frame6::position_typed, this, [this] { canvas_->overlay_changed(); });
+  connect(Frame6_->findChild<QAbstractButton*>("pick_position"), &QAbstractButton::toggled, this, &Frm_main::show_tool);
   connect(Frame6_, &Frame6::command, this, &Frm_main::panel_command);
 }
 
@@ -132,8 +135,9 @@ void Frm_main::panel_command(const QString& name) {
   if (name == "Command22") return close_record();
   if (name == "Command6") return perform([this] { return session::Command6(session_, ports_); });
   if (name == "Command31") return end_line();
-  if (name == "Command1") return perform_panel([this] { session::Command1(session_, ports_); });
+  if (name == "Command1") return open_input_sheet();
   if (name == "Command7") return open_shape();
+  if (name == "Command8") return open_pictures(false);
   if (name == "Command23") return show_memo();
   if (name == "surface_add") return guarded([this] { session::surface_add(session_, ports_), show_undo(); });
 }
@@ -143,6 +147,7 @@ void Frm_main::save_record() {
     const session::Entry_saved result = session::Command9(session_, ports_);
     if (!result.saved) return;
     for (const core::Caption_set& caption : result.captions) set_table_caption(caption);
+    Frame6_->Language_set();
     Frame6_->boxes_out();
     canvas_->setFocus();
     session_.notice = {"地点を保存しました。", "The observation is saved."};
@@ -161,9 +166,23 @@ void Frm_main::close_record() {
   records_changed();
 }
 
-void Frm_main::perform_panel(const std::function<void()>& procedure) {
-  guarded(procedure);
+// The office program takes its time.
+void Frm_main::open_input_sheet() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  guarded([this] { session::Command1(session_, ports_); });
+  QApplication::restoreOverrideCursor();
   Frame6_->boxes_out();
+  show_undo();
+}
+
+// Main_act(7) registers pictures of a point, Main_act(8) changes what is registered.
+void Frm_main::open_pictures(bool edit) {
+  guarded([this, edit] {
+    const platform::Journal_operation operation(ports_.journal, "画像とテキストの登録", "Pictures and text");
+    Frm_sel_picture dialog(session_, ports_, edit, this);
+    connect(&dialog, &Frm_sel_picture::registered, this, &Frm_main::project_changed);
+    dialog.exec();
+  });
   show_undo();
 }
 

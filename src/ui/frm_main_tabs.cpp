@@ -101,8 +101,11 @@ QWidget* Frm_main::build_Frame4() {
   auto* table = named(new Wrap_button, "show_table", true);
   connect(table, &QAbstractButton::clicked, this, &Frm_main::open_table);
   column->addWidget(table);
-  column->addWidget(named(new Wrap_button, "Main_act_7", false));
-  column->addWidget(named(new Wrap_button, "Main_act_8", false));
+  for (const bool edit : {false, true}) {
+    auto* pictures = named(new Wrap_button, edit ? "Main_act_8" : "Main_act_7", true);
+    connect(pictures, &QAbstractButton::clicked, this, [this, edit] { open_pictures(edit); });
+    column->addWidget(pictures);
+  }
   column->addStretch();
   return frame;
 }
