@@ -135,6 +135,11 @@ bool Tiltvane_data_view::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
+void Tiltvane_data_view::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  declination_shown();
+}
+
 instruments::Data_context Tiltvane_data_view::context() {
   return {session_.settings, ports_.files, ports_.clock, ports_.prompts};
 }
@@ -188,6 +193,8 @@ void Tiltvane_data_view::boxes_taken() {
   boxes_.FileGPS = from_toolkit(FileGPS_->currentText());
   boxes_.DirGPS2 = from_toolkit(DirGPS2_->folder());
   boxes_.DriveGPS2 = exchange::drive_of(boxes_.DirGPS2);
+  boxes_.DirImage = instruments::tiltvane_folder(session_.settings.program_path);
+  boxes_.DriveImage = exchange::drive_of(boxes_.DirImage);
   boxes_.FileImage = chosen_file();
   boxes_.FileGPS2_list.clear();
   boxes_.FileGPS2.clear();

@@ -40,7 +40,7 @@ class Tiltvane_data_view : public QWidget {
   void files_fill();
   // Sets every caption in the language in force.
   void Language_set();
-  // Text1 of the boxes has another text.
+  // Takes Text1 of the boxes; done by itself whenever the page comes up.
   void declination_shown();
 
   // The system's save dialog; a test puts its own in. Title, filter, ending; the path, or nothing.
@@ -52,6 +52,7 @@ class Tiltvane_data_view : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   // A widget whose caption follows the language.

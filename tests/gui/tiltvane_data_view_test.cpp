@@ -110,6 +110,15 @@ TEST_P(Tiltvane_data_view, ShowsTheMemory) {
   EXPECT_EQ(text("declination"), japanese() ? "偏角 -7.5°" : "declination -7.5 Deg");
 }
 
+TEST_P(Tiltvane_data_view, TakesTheDeclinationWheneverItComesUp) {
+  open_on_memory();
+  press("all");
+  view->hide();
+  boxes.Text1 = "3.2";
+  view->show();
+  EXPECT_THAT(text("declination").toStdString(), HasSubstr("3.2"));
+}
+
 TEST_P(Tiltvane_data_view, KeepsTheMemoryWhenTheKeyboardComesToTheFiles) {
   open_on_memory();
   table()->setFocus();
