@@ -1,0 +1,1 @@
+terranote_bench(nmea LINKS terranote_instruments)

@@ -1,0 +1,1 @@
+terranote_fuzz(nmea LINKS terranote_instruments)

@@ -1,0 +1,1 @@
+terranote_fuzz(route_list LINKS terranote_instruments)

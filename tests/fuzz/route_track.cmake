@@ -1,0 +1,1 @@
+terranote_fuzz(route_track LINKS terranote_instruments)
