@@ -84,6 +84,7 @@ Tiltvane_connect::Tiltvane_connect(session::Session& session, session::Ports& po
       full_(full) {
   lay_out();
   connect_all();
+  take_boxes();
   show_offer();
   show_link();
 }
@@ -293,6 +294,7 @@ void Tiltvane_connect::run(const std::function<bool()>& procedure) {
 
 void Tiltvane_connect::start() {
   take_boxes();
+  if (!start_->isEnabled()) return;
   run([this] {
     // The small dialog reads from the port that is set.
     if (full_)

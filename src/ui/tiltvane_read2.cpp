@@ -13,7 +13,7 @@ namespace ui {
 
 namespace {
 
-constexpr QSize first_size(980, 680);
+constexpr QSize first_size(1160, 760);
 
 }  // namespace
 
