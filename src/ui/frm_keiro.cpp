@@ -34,19 +34,7 @@ void Frm_keiro::lay_out() {
 
 void Frm_keiro::connect_all() {
   connect(parts_.Command1, &QPushButton::clicked, this, &Frm_keiro::OK);
-  connect(parts_.Command2, &QPushButton::clicked, this, &QDialog::reject);
-  connect(parts_.Command3, &QPushButton::clicked, this, [this] { tick_all(true); });
-  connect(parts_.none, &QPushButton::clicked, this, [this] { tick_all(false); });
-  connect(parts_.List1, &QListWidget::itemChanged, this, [this] { count_routes(parts_, japanese_); });
-}
-
-void Frm_keiro::tick_all(bool ticked) {
-  boxes_.List1 = routes_of(parts_);
-  if (ticked)
-    instruments::Command3(boxes_);
-  else
-    for (core::File_choice& choice : boxes_.List1) choice.selected = false;
-  show_routes(parts_, boxes_.List1, japanese_);
+  connect_routes(parts_, this, japanese_);
 }
 
 void Frm_keiro::OK() {

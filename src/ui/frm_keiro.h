@@ -21,7 +21,6 @@ class Frm_keiro : public QDialog {
  private:
   void lay_out();
   void connect_all();
-  void tick_all(bool ticked);
   void OK();
 
   session::Session& session_;

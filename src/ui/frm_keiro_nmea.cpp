@@ -78,10 +78,7 @@ void Frm_keiroNMEA::add_place(QVBoxLayout* column) {
 
 void Frm_keiroNMEA::connect_all() {
   connect(parts_.Command1, &QPushButton::clicked, this, &Frm_keiroNMEA::OK);
-  connect(parts_.Command2, &QPushButton::clicked, this, &QDialog::reject);
-  connect(parts_.Command3, &QPushButton::clicked, this, [this] { tick_all(true); });
-  connect(parts_.none, &QPushButton::clicked, this, [this] { tick_all(false); });
-  connect(parts_.List1, &QListWidget::itemChanged, this, [this] { count_routes(parts_, japanese_); });
+  connect_routes(parts_, this, japanese_);
   connect(Dir1_, &Folder_box::chosen, this, &Frm_keiroNMEA::folder_chosen);
   connect(Drive1_, &QComboBox::activated, this, [this] {
     Dir1_->set_folder(QDir::toNativeSeparators(Drive1_->currentData().toString()));
@@ -102,15 +99,6 @@ void Frm_keiroNMEA::drive_shown() {
   const QSignalBlocker quiet(Drive1_);
   const int row = Drive1_->findText(to_toolkit(exchange::drive_of(boxes_.Dir1)), Qt::MatchFixedString);
   if (row >= 0) Drive1_->setCurrentIndex(row);
-}
-
-void Frm_keiroNMEA::tick_all(bool ticked) {
-  boxes_.List1 = routes_of(parts_);
-  if (ticked)
-    instruments::Command3(boxes_);
-  else
-    for (core::File_choice& choice : boxes_.List1) choice.selected = false;
-  show_routes(parts_, boxes_.List1, japanese_);
 }
 
 void Frm_keiroNMEA::OK() {

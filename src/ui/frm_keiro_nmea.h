@@ -28,7 +28,6 @@ class Frm_keiroNMEA : public QDialog {
   void connect_all();
   void folder_chosen(const QString& folder);
   void drive_shown();
-  void tick_all(bool ticked);
   void OK();
   QString either(const char* in_japanese, const char* in_english) const;
 

@@ -47,7 +47,7 @@ void Gps_data_out::lay_out() {
   Combo1_->setPlaceholderText(either("選択して下さい", "Choose one"));
   Combo1_->setMinimumWidth(240);
   for (int number = 1; number <= instruments::replay_port_limit; ++number)
-    Combo1_->addItem(QString::number(number), number);
+    Combo1_->addItem(QString("%1").arg(number), number);
   Combo1_->setCurrentIndex(-1);
   form->addRow(either("ポート番号(&P)", "&Port number"), Combo1_);
   Label2_ = new QLabel("--:--:--");

@@ -1,5 +1,6 @@
 #include "ui/route_parts.h"
 
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -7,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "instruments/route_lists.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -39,6 +41,12 @@ QLabel* quiet_label(const char* name) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   return label;
+}
+
+void count_routes(const Route_parts& parts, bool japanese) {
+  int ticked = 0;
+  for (int row = 0; row < parts.List1->count(); ++row) ticked += parts.List1->item(row)->checkState() == Qt::Checked;
+  parts.counted->setText(QString::fromUtf8(japanese ? "%1 / %2 件" : "%1 of %2").arg(ticked).arg(parts.List1->count()));
 }
 
 }  // namespace
@@ -107,10 +115,19 @@ std::vector<core::File_choice> routes_of(const Route_parts& parts) {
   return choices;
 }
 
-void count_routes(const Route_parts& parts, bool japanese) {
-  int ticked = 0;
-  for (const core::File_choice& choice : routes_of(parts)) ticked += choice.selected;
-  parts.counted->setText(QString::fromUtf8(japanese ? "%1 / %2 件" : "%1 of %2").arg(ticked).arg(parts.List1->count()));
+void connect_routes(const Route_parts& parts, QDialog* dialog, bool japanese) {
+  QObject::connect(parts.Command2, &QPushButton::clicked, dialog, &QDialog::reject);
+  QObject::connect(parts.Command3, &QPushButton::clicked, dialog, [=] {
+    instruments::Route_boxes boxes{{}, routes_of(parts)};
+    instruments::Command3(boxes);
+    show_routes(parts, boxes.List1, japanese);
+  });
+  QObject::connect(parts.none, &QPushButton::clicked, dialog, [=] {
+    std::vector<core::File_choice> choices = routes_of(parts);
+    for (core::File_choice& choice : choices) choice.selected = false;
+    show_routes(parts, choices, japanese);
+  });
+  QObject::connect(parts.List1, &QListWidget::itemChanged, dialog, [=] { count_routes(parts, japanese); });
 }
 
 }  // namespace ui

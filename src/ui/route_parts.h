@@ -5,6 +5,7 @@
 
 #include "core/project_settings.h"
 
+class QDialog;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -28,7 +29,7 @@ Route_parts add_route_parts(QVBoxLayout* column, bool japanese, const char* patt
 // Between the list and the boxes. The list's own signals stay silent while it is filled.
 void show_routes(const Route_parts& parts, const std::vector<core::File_choice>& choices, bool japanese);
 std::vector<core::File_choice> routes_of(const Route_parts& parts);
-// After a tick was set or taken off.
-void count_routes(const Route_parts& parts, bool japanese);
+// Connects what both dialogs do alike: closing, ticking all and none, counting.
+void connect_routes(const Route_parts& parts, QDialog* dialog, bool japanese);
 
 }  // namespace ui

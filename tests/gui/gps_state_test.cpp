@@ -33,7 +33,7 @@ TEST_F(Gps_state, TellsTheLightAndTheStatusText) {
   state.use_language(false);
   EXPECT_EQ(text("Label7"), "GPS:検索中");
   EXPECT_EQ(text("gps_meaning"), "Searching for satellites");
-  EXPECT_EQ(state.accessibleName(), "GPS state: Searching satellites");
+  EXPECT_EQ(state.accessibleName(), "GPS state: Searching for satellites");
 }
 
 TEST_F(Gps_state, GivesThePositionInItsTip) {

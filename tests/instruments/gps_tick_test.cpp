@@ -147,7 +147,7 @@ TEST_F(Gps, KeepsABoundedBufferWhateverComes) {
   EXPECT_TRUE(tick(gsa).moved);
 }
 
-TEST_F(Gps, MovesAsToldByAMalformedSentenceAndDoubtsIt) {
+TEST_F(Gps, MovesByAMalformedSentenceAndDoubtsIt) {
   start();
   const instruments::Gps_step step = tick("$GPGGA,x,lat,N,lon,E,1," + gsa);
   EXPECT_TRUE(step.moved);
