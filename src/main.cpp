@@ -11,6 +11,9 @@
 #include "platform/memory.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
+#include "platform/qt/qt_sheets.h"
+#include "platform/qt/qt_sounds.h"
+#include "platform/user_folders.h"
 #include "ui/fonts.h"
 #include "ui/frm_main.h"
 #include "ui/qt_prompts.h"
@@ -23,17 +26,19 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   ui::use_fonts_with_japanese();
 
-  platform::Disk_files files;
+  platform::Disk_files disk;
+  platform::Journal journal(disk);
+  platform::Journal_files files(disk, journal);
   platform::Qt_pictures pictures;
   platform::Qt_processes processes(files);
   ui::Qt_prompts prompts;
   platform::System_clock clock;
-  platform::Journal journal(files);
-  platform::No_sheets sheets;
-  platform::No_sounds sounds;
+  platform::Qt_sheets sheets(files, processes, platform::sheet_helper());
+  platform::Qt_sounds sounds(files);
   session::Ports ports{files, pictures, prompts, processes, clock, journal, sheets, sounds};
 
   session::Session session;
+  session.state_folder = platform::state_folder();
   session::form_load(session, ports, ui::from_toolkit(QApplication::applicationDirPath()));
 
   // The toolkit's own texts, such as the folder picker's, follow the language in force at the start.

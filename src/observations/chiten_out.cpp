@@ -24,15 +24,6 @@ constexpr double units_per_degree = 100'000;
 constexpr double label_units = 2.75;  // canvas units to a step of the label scale, whose 8 are 11 pixels
 constexpr double line_height = 1.5;   // of a text at most, in heights of its font
 
-double component(double value) {
-  return std::clamp(std::isnan(value) ? 0 : value, 0.0, 255.0);
-}
-
-drawing::Colour colour_of(double r, double g, double b) {
-  const auto byte = [](double value) { return static_cast<drawing::Colour>(component(value)); };
-  return byte(r) << 16 | byte(g) << 8 | byte(b);
-}
-
 // How far a record's mark, symbol and texts reach from its point.
 Sides reach_of(const Drawn_record& drawn, double scale, double height) {
   const double symbol = drawn.has_symbol ? symbol_reach * scale : 0;
@@ -126,7 +117,8 @@ void point_and_texts_out(Painting& painting, Point at, const Record& record, con
   number_out(painting, at, record);
 }
 
-// The declination at a record, if there is a field and the record has a geographic place.
+}  // namespace
+
 std::optional<double> declination_of(const Record& record, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   if (field.order == 0) return std::nullopt;
   double x = record.X, y = record.Y;
@@ -141,18 +133,18 @@ std::optional<double> declination_of(const Record& record, const Geomagnetic_fie
   }
 }
 
-}  // namespace
-
 Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   Drawn_records drawn;
   drawn.symbols.reserve(static_cast<std::size_t>(registry.N));
   drawn.records.reserve(static_cast<std::size_t>(registry.N));
+  drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
   for (int row = 1; row <= registry.N; ++row) {
     const Record& record = registry.rows[row];
     const bool has_strike = !record.soukou.empty() || !record.sen_houkou.empty();
     const std::optional<double> decl = has_strike ? declination_of(record, field, canvas) : std::nullopt;
     drawn.symbols.push_back(symbol_of(record, decl.value_or(0), decl.has_value()));
     drawn.records.push_back(drawn_record(record, &drawn.symbols.back()));
+    drawn.declinations.push_back(decl);
   }
   return drawn;
 }

@@ -19,7 +19,8 @@ constexpr std::size_t delete_limit = 1000;      // lines that a deletion can hol
 
 void take_back_unsaved(Entry& entry, Registry& registry) {
   if (!entry.unsaved) return;
-  if (registry.N == entry.touroku) --registry.N;
+  // A table that was read again has lost the row by itself.
+  if (registry.N == entry.touroku && registry.reads == entry.reads) --registry.N;
   entry.unsaved = false;
   entry.touroku = 0;
 }
@@ -232,6 +233,20 @@ std::string record_label(const Record& record) {
 void entry_close(Entry& entry, Registry& registry) {
   take_back_unsaved(entry, registry);
   clear_selection(entry);
+}
+
+void entry_follow_read(Entry& entry, Registry& registry, const Record& before) {
+  if (!entry.open) return;
+  if (!entry.unsaved) {
+    if (entry.touroku > registry.N) return;
+    Record& record = registry.rows[entry.touroku];
+    if (record.touroku_no == entry.stored_number) record.vertices = before.vertices;
+    return;
+  }
+  if (registry.N >= record_limit) return;  // the save tells that there is no room
+  entry.touroku = ++registry.N;
+  registry.rows[entry.touroku] = before;
+  entry.reads = registry.reads;
 }
 
 }  // namespace observations

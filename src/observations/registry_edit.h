@@ -87,4 +87,8 @@ std::string record_label(const Record& record);
 // Closes the panel without a save; a row that was never saved is given back.
 void entry_close(Entry& entry, Registry& registry);
 
+// After the table was read again while the panel is open: a row that is in no file yet comes back behind the others, and
+// a record that is still at its place keeps the line that was drawn for it. `before` is the record as it was.
+void entry_follow_read(Entry& entry, Registry& registry, const Record& before);
+
 }  // namespace observations

@@ -8,6 +8,7 @@
 
 #include "platform/disk_io.h"
 #include "platform/failures.h"
+#include "platform/left_over.h"
 #include "platform/text_case.h"
 
 namespace platform {
@@ -118,6 +119,10 @@ std::int64_t Disk_files::time_stamp(const std::string& path) {
 
 std::string Disk_files::native_path(const std::string& path) {
   return path_text(find_path(listings_, path));
+}
+
+void Disk_files::remove_left_over(const std::string& folder) {
+  platform::remove_left_over(find_path(listings_, folder));
 }
 
 std::string join_path(std::string_view folder, std::string_view name) {

@@ -38,6 +38,8 @@ class Files {
   virtual std::int64_t time_stamp(const std::string& path) = 0;
   // The path as this machine writes it, with the case of what exists; for handing to other programs and pickers.
   virtual std::string native_path(const std::string& path) = 0;
+  // Removes from a folder the temporary files that a killed program left there.
+  virtual void remove_left_over(const std::string&) {}
 };
 
 // The machine's own files.
@@ -54,6 +56,7 @@ class Disk_files : public Files {
   std::vector<std::string> list(const std::string& folder, std::string_view pattern) override;
   std::int64_t time_stamp(const std::string& path) override;
   std::string native_path(const std::string& path) override;
+  void remove_left_over(const std::string& folder) override;
 
  private:
   Folder_listings listings_;

@@ -122,6 +122,7 @@ class Journal_files : public Files {
   }
   std::int64_t time_stamp(const std::string& path) override { return behind_.time_stamp(path); }
   std::string native_path(const std::string& path) override { return behind_.native_path(path); }
+  void remove_left_over(const std::string& folder) override { behind_.remove_left_over(folder); }
 
  private:
   Files& behind_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/session/entry.h"
 #include "core/session/tools.h"
 #include "core/settings_files.h"
 #include "observations/vertices.h"
@@ -37,6 +38,7 @@ Mouse_result section_first(Context c) {
 // A line that can't be saved is still shown, until the program ends.
 void section_save(Context c) {
   const std::string& folder = c.session.settings.program_path;
+  const platform::Journal_operation operation(c.ports.journal, "断面線", "Section line");
   try {
     core::danmen_line_w(c.ports.files, folder, c.session.section);
   } catch (const platform::File_failure&) {
@@ -182,6 +184,10 @@ Mouse_result mouse_move(Session& session, double x, double y) {
     }
     return taken(Redraw::overlay);
   }
+  if (flags.line_mode > 0 && !session.line_end_fixed) {
+    session.line_end = observations::stored_position(session.canvas, maps::henkan_M(session.canvas, x, y));
+    return taken(Redraw::overlay);
+  }
   if (flags.model_box_step > 0 && session.model_rubber.visible) {
     session.model_rubber.x1 = x;
     session.model_rubber.y1 = y;
@@ -201,7 +207,8 @@ Mouse_result mouse_release(Session& session, const Press& release) {
 }
 
 Mouse_result end_tool(Session& session, Ports& ports, const Map_tools& tools) {
-  if (session.flags.section_step == 0 && session.flags.zoom_box_step == 0) return {};
+  if (session.flags.section_step == 0 && session.flags.zoom_box_step == 0)
+    return {entry_tool_left(session), Redraw::overlay, false};
   return mouse_press(session, ports, tools, {Button::right, 0, 0});
 }
 

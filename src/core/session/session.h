@@ -78,6 +78,11 @@ struct Drag {
   double x = 0, y = 0;  // twips
 };
 
+// A sentence for the status bar.
+struct Notice {
+  std::string japanese, english;
+};
+
 struct Session {
   core::Settings settings;
   core::Settings_boxes boxes;
@@ -93,6 +98,12 @@ struct Session {
   observations::Drawn_records drawn_records;  // what the registry's strikes and dips come to on this sheet
   observations::Entry entry;                  // the panel of the tab "Position"
   observations::Line_input line;              // the line or enclosure that is being drawn
+  observations::Click entry_click;            // the last press that belongs to the entry: where a new record goes
+  geodesy::Point line_end;                    // the free end of the line that is being drawn, units of the records
+  bool line_end_fixed = false;                // a right press has fixed it; otherwise it follows the mouse
+  int highlighted = 0;                        // record marked on the map and in the table beside it; 0: none
+  Notice notice;                              // for the status bar, which takes it away
+  std::string state_folder;                   // where the undo journals lie; empty: there is none
   bool field_fault_told = false;              // that strikes are shown uncorrected
   Sheet_list sheets;
   core::Section_line section;  // map metres of the current sheet

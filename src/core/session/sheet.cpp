@@ -62,6 +62,8 @@ void tell_uncorrected(Session& session, platform::Prompts& prompts) {
 }  // namespace
 
 void registry_r(Session& session, Ports& ports) {
+  observations::Entry& entry = session.entry;
+  const observations::Record before = entry.open ? session.registry.rows[entry.touroku] : observations::Record{};
   const std::string path = observations::registry_file(session.settings);
   try {
     const int passes = path.empty() ? 0 : std::max(1, session.settings.registry_count);
@@ -70,6 +72,8 @@ void registry_r(Session& session, Ports& ports) {
     ports.prompts.message("地点登録ファイルを最後まで読み込めません。読み込めた地点だけを表示します。",
                           "The point registration file can't be read to its end. The points before that are shown.");
   }
+  observations::entry_follow_read(entry, session.registry, before);
+  if (session.highlighted > session.registry.N) session.highlighted = 0;
   observations::take_coefficients(ports.files, session.settings.program_path, session.coefficients);
   session.drawn_records = observations::drawn_records(session.registry, session.coefficients.field, session.canvas);
   tell_uncorrected(session, ports.prompts);

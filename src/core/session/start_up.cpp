@@ -34,13 +34,6 @@ void dempath_reset(platform::Files& files, const std::string& program_path) {
   }
 }
 
-void start_files_r(Session& session, platform::Files& files) {
-  const std::string& program = session.settings.program_path;
-  session.boring_out_folder = core::boring_out_r(files, program);
-  session.section_known = core::danmen_line_r(files, program, session.section);
-  session.rockview_folder = core::rockview3d_r(files, program);
-}
-
 }  // namespace
 
 void form_load(Session& session, Ports& ports, const std::string& program_path) {
@@ -76,6 +69,13 @@ Activated form_activate(Session& session, Ports& ports, const Activation& activa
   session.stratum_names = stratum_names_r(ports.files, settings.project_path);
   session.start_guard = 2;
   return Activated::list_filled;
+}
+
+void start_files_r(Session& session, platform::Files& files) {
+  const std::string& program = session.settings.program_path;
+  session.boring_out_folder = core::boring_out_r(files, program);
+  session.section_known = core::danmen_line_r(files, program, session.section);
+  session.rockview_folder = core::rockview3d_r(files, program);
 }
 
 std::string window_caption(const Session& session) {

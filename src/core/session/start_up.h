@@ -25,6 +25,9 @@ enum class Activated {
 // Phase 2, at the first show and at each return from a dialog.
 Activated form_activate(Session& session, Ports& ports, const Activation& activation);
 
+// The small files beside the settings: \BoringOut.set, \danmen.dat with the section line, \Rockview3d.set.
+void start_files_r(Session& session, platform::Files& files);
+
 // The window's caption by the datum.
 std::string window_caption(const Session& session);
 

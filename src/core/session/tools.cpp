@@ -12,6 +12,12 @@ constexpr Tool_hint zoom_first{true, "範囲拡大: 左上の角をクリック�
                                "Zoom to a rectangle: click its upper left corner (right click or Esc ends)"};
 constexpr Tool_hint zoom_second{true, "範囲拡大: 右下の角をクリックしてください（右クリック・Escで中止）",
                                 "Zoom to a rectangle: click its lower right corner (right click or Esc ends)"};
+constexpr Tool_hint line_first{true, "線(囲み): 最初の点をクリックしてください（Escで中止）",
+                               "Line: click its first vertex (Esc ends)"};
+constexpr Tool_hint line_more{true, "線(囲み): 次の点をクリック、右クリックで終点を固定、Enterで線終了（Escで中止）",
+                              "Line: click the next vertex, right click fixes its end, Enter stores it (Esc ends)"};
+constexpr Tool_hint position{true, "地点の位置をクリックしてください（右クリックでも移動できます）",
+                             "Click the place of the observation (a right click moves it too)"};
 constexpr Tool_hint pan{false, "ドラッグで移動、ホイールで拡大・縮小", "Drag to move, turn the wheel to zoom"};
 constexpr Tool_hint no_sheet{false, "地図を選択してください", "Choose a map"};
 
@@ -77,6 +83,8 @@ Tool_hint tool_hint(const Session& session) {
   if (!session.sheet_shown()) return no_sheet;
   if (flags.section_step > 0) return flags.section_step == 1 ? section_first : section_second;
   if (flags.zoom_box_step > 0) return flags.zoom_box_step == 1 ? zoom_first : zoom_second;
+  if (flags.line_mode > 0) return flags.line_count == 0 ? line_first : line_more;
+  if (flags.point_mode == 1 && session.entry.open) return position;
   return pan;
 }
 
