@@ -34,6 +34,10 @@ bool is_in(const Pixel_range& clip, const Rect& bounds) {
          bounds.y + bounds.height > clip.y0;
 }
 
+Rect widened(const Rect& box, double by) {
+  return {box.x - by, box.y - by, box.width + 2 * by, box.height + 2 * by};
+}
+
 // Fills `outer`, less `inner` where it has points.
 bool blend_rings(Small_shapes& shapes, Colour colour) {
   const Rect bounds = bounds_of(shapes.outer);
@@ -125,6 +129,9 @@ bool small_line(Small_shapes& shapes, Point from, Point to, double width, Colour
   const Point along = between(from, to);
   const double length = std::hypot(along.x, along.y);
   if (!(length > 0) || length > small_shape_limit) return false;
+  const std::array<Point, 2> ends{from, to};
+  const Rect box = widened(bounds_of(ends), width);
+  if (is_small(box) && !is_in(shapes.clip, box)) return true;
   const Point ahead{along.x / length * width / 2, along.y / length * width / 2};
   const Point begin{from.x - ahead.x, from.y - ahead.y}, end{to.x + ahead.x, to.y + ahead.y};
   shapes.outer.assign({{begin.x - ahead.y, begin.y + ahead.x},
@@ -137,6 +144,8 @@ bool small_line(Small_shapes& shapes, Point from, Point to, double width, Colour
 
 bool small_circle(Small_shapes& shapes, Point centre, double radius, double width, Colour colour, bool filled) {
   if (!(radius > 0) || radius + width / 2 > small_shape_limit / 2) return false;
+  const Rect box = widened({centre.x, centre.y, 0, 0}, radius + width);
+  if (is_small(box) && !is_in(shapes.clip, box)) return true;
   circle_ring(shapes.outer, centre, radius + width / 2, false);
   shapes.inner.clear();
   if (!filled && radius > width / 2) circle_ring(shapes.inner, centre, radius - width / 2, true);
@@ -148,6 +157,8 @@ bool small_polygon(Small_shapes& shapes, std::span<const Point> corners, double 
   if (corners.size() < 3 || corners.size() > most_corners) return false;
   const int turn = turn_of(corners);
   if (turn == 0) return false;
+  const Rect box = widened(bounds_of(corners), width);
+  if (is_small(box) && !is_in(shapes.clip, box)) return true;
   shapes.outer.clear();
   shapes.inner.clear();
   outline_rings(shapes, corners, turn, width / 2);

@@ -15,11 +15,11 @@ void ld(drawing::Surface& surface, drawing::Point from, drawing::Point to, drawi
 // A circle with the same pen rule.
 void lc(drawing::Surface& surface, drawing::Point centre, double radius, drawing::Colour colour, double width = 1);
 
-// Half the size of a point's mark: size / 2 x 10 canvas units, a size of 0 counting as 2.
-double mark_half(double size);
-
 // Place of a mark among those that are painted, by its name in either language; 0 for a text that is no mark.
 int mark_shape(std::string_view mark);
+
+// Half the size of a point's mark: size / 2 x 10 canvas units, a size of 0 counting as 2.
+double mark_half(double size);
 
 // Paints a point's mark at that half size. The names of both languages are recognised; a text that is no mark paints
 // nothing. A filled mark is one filled shape with its outline.

@@ -6,6 +6,7 @@
 #include "maps/scale_bar.h"
 #include "observations/marks.h"
 #include "ui/canvas_view.h"
+#include "ui/gps_mark.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -164,16 +165,6 @@ void paint_line_input(QPainter& painter, maps::Canvas& canvas, const session::Se
   paint_vertices(painter, pixels_of(canvas, session.registry.rows[entry.touroku].vertices));
 }
 
-// The receiver: cross lines over the whole map, and the marker.
-void paint_gps(QPainter& painter, const QRect& area, maps::Canvas& canvas, const session::Session& session) {
-  if (!session.gps.mark.visible) return;
-  const QPointF at = pixels_of(canvas, {session.gps.mark.longitude, session.gps.mark.latitude});
-  painter.setPen(QPen(Qt::black, 1));
-  painter.drawLine(QPointF(area.left(), at.y()), QPointF(area.right(), at.y()));
-  painter.drawLine(QPointF(at.x(), area.top()), QPointF(at.x(), area.bottom()));
-  paint_ring(painter, at, marker_radius, Qt::black);
-}
-
 }  // namespace
 
 void paint_fixed_controls(QPainter& painter, const QRect& canvas, const session::Session& session) {
@@ -189,7 +180,7 @@ void paint_controls(QPainter& painter, const QRect& canvas, const session::Sessi
   paint_highlight(painter, map, session);
   paint_line_input(painter, map, session);
   paint_marker(painter, map, session);
-  paint_gps(painter, canvas, map, session);
+  paint_gps_mark(painter, canvas, map, session.gps.mark);
   paint_line(painter, session.section_rubber);
   paint_box(painter, session.zoom_rubber);
   paint_box(painter, session.model_rubber);
