@@ -136,25 +136,15 @@ std::optional<double> declination_of(const Record& record, const Geomagnetic_fie
 Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   Drawn_records drawn;
   drawn.symbols.reserve(static_cast<std::size_t>(registry.N));
-<<<<<<< HEAD
   drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
   drawn.records.reserve(static_cast<std::size_t>(registry.N));
-=======
-  drawn.records.reserve(static_cast<std::size_t>(registry.N));
-  drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
->>>>>>> h-speed
   for (int row = 1; row <= registry.N; ++row) {
     const Record& record = registry.rows[row];
     const bool has_strike = !record.soukou.empty() || !record.sen_houkou.empty();
     const std::optional<double> decl = has_strike ? declination_of(record, field, canvas) : std::nullopt;
     drawn.symbols.push_back(symbol_of(record, decl.value_or(0), decl.has_value()));
-<<<<<<< HEAD
     drawn.declinations.push_back(decl);
     drawn.records.push_back(drawn_record(record, &drawn.symbols.back()));
-=======
-    drawn.records.push_back(drawn_record(record, &drawn.symbols.back()));
-    drawn.declinations.push_back(decl);
->>>>>>> h-speed
   }
   return drawn;
 }

@@ -42,15 +42,9 @@ struct Drawn_record {
 // with its old place and colours. Records behind the last are drawn without symbols.
 struct Drawn_records {
   std::vector<Symbol> symbols;
-<<<<<<< HEAD
   // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
   std::vector<std::optional<double>> declinations;
   std::vector<Drawn_record> records;
-=======
-  std::vector<Drawn_record> records;
-  // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
-  std::vector<std::optional<double>> declinations;
->>>>>>> h-speed
 };
 
 // The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.

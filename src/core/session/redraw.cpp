@@ -3,6 +3,7 @@
 #include "maps/boundaries.h"
 #include "maps/grid_out.h"
 #include "observations/chiten_out.h"
+#include "observations/reference_points_out.h"
 
 namespace session {
 
@@ -37,8 +38,10 @@ void 画面再表示(Session& session, drawing::Surface& surface) {
   maps::Grid_out(surface, session.canvas, session.mosaic,
                  {session.view.Check3, session.option5(), session.current_sheet});
   maps::gyousei_out(surface, session.canvas, session.boundaries);
+  const observations::Chiten_choice choice = chiten_choice(session);
+  observations::reference_points_out(surface, session.canvas, session.reference_points, choice);
   if (session.view.Check8) instruments::routes_out(surface, session.canvas, session.routes);
-  observations::chiten_out(surface, session.canvas, session.registry, session.drawn_records, chiten_choice(session));
+  observations::chiten_out(surface, session.canvas, session.registry, session.drawn_records, choice);
 }
 
 Redraw re_gamen(Session& session) {

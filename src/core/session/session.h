@@ -21,6 +21,7 @@
 #include "maps/zoom.h"
 #include "observations/chiten_out.h"
 #include "observations/declination.h"
+#include "observations/reference_points.h"
 #include "observations/registry.h"
 #include "observations/registry_edit.h"
 #include "observations/vertices.h"
@@ -97,19 +98,20 @@ struct Session {
   maps::Scroll_bars bars;  // HScroll1, VScroll1
   geodesy::Shift_table shifts;
   observations::Registry registry;
-  observations::Coefficients coefficients;    // of the magnetic field, kept while their file is unchanged
-  observations::Drawn_records drawn_records;  // what the registry's strikes and dips come to on this sheet
-  observations::Entry entry;                  // the panel of the tab "Position"
-  observations::Line_input line;              // the line or enclosure that is being drawn
-  instruments::Gps gps;             // the live receiver
-  instruments::Routes routes;       // the routes that were chosen, kept while their files are unchanged
-  observations::Click entry_click;            // the last press that belongs to the entry: where a new record goes
-  geodesy::Point line_end;                    // the free end of the line that is being drawn, units of the records
-  bool line_end_fixed = false;                // a right press has fixed it; otherwise it follows the mouse
-  int highlighted = 0;                        // record marked on the map and in the table beside it; 0: none
-  Notice notice;                              // for the status bar, which takes it away
-  std::string state_folder;                   // where the undo journals lie; empty: there is none
-  bool field_fault_told = false;              // that strikes are shown uncorrected
+  observations::Reference_points reference_points;  // the base data below the registry
+  observations::Coefficients coefficients;          // of the magnetic field, kept while their file is unchanged
+  observations::Drawn_records drawn_records;        // what the registry's strikes and dips come to on this sheet
+  observations::Entry entry;                        // the panel of the tab "Position"
+  observations::Line_input line;                    // the line or enclosure that is being drawn
+  instruments::Gps gps;                             // the live receiver
+  instruments::Routes routes;                       // the routes that were chosen, kept while their files are unchanged
+  observations::Click entry_click;                  // the last press that belongs to the entry: where a new record goes
+  geodesy::Point line_end;        // the free end of the line that is being drawn, units of the records
+  bool line_end_fixed = false;    // a right press has fixed it; otherwise it follows the mouse
+  int highlighted = 0;            // record marked on the map and in the table beside it; 0: none
+  Notice notice;                  // for the status bar, which takes it away
+  std::string state_folder;       // where the undo journals lie; empty: there is none
+  bool field_fault_told = false;  // that strikes are shown uncorrected
   Sheet_list sheets;
   core::Section_line section;  // map metres of the current sheet
   bool section_known = false;

@@ -77,6 +77,8 @@ void registry_r(Session& session, Ports& ports) {
   observations::take_coefficients(ports.files, session.settings.program_path, session.coefficients);
   session.drawn_records = observations::drawn_records(session.registry, session.coefficients.field, session.canvas);
   tell_uncorrected(session, ports.prompts);
+  const std::vector<std::string> base_data = observations::reference_paths(session.settings.project_path);
+  observations::chisoumen_read4(session.reference_points, ports.files, static_cast<int>(base_data.size()), base_data);
   instruments::routes_r(ports.files, session.settings.project_path, session.routes);
 }
 

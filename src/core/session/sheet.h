@@ -16,7 +16,7 @@ void sheet_list_r(Session& session, Ports& ports);
 int row_of(const Sheet_list& sheets, const std::string& stem);
 
 // Reads the registration file in use and works out what its strikes and dips come to on the sheet that is drawn; reads
-// the routes that were chosen.
+// the base data and the routes that were chosen.
 void registry_r(Session& session, Ports& ports);
 
 // A click on the list: frame, pictures and point files of the row, then a redraw. Pictures that can't be read or don't
