@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 
+#include "observations/link.h"
 #include "observations/record_line.h"
 #include "observations/registry.h"
 #include "observations/registry_edit.h"
@@ -94,6 +95,24 @@ void find_the_record_under_the_mouse(benchmark::State& state) {
   }
 }
 BENCHMARK(find_the_record_under_the_mouse)->Unit(benchmark::kMillisecond);
+
+// On a sheet of 25 m to the second of longitude and 30 m to that of latitude.
+void find_the_linked_record_under_the_mouse(benchmark::State& state) {
+  Scratch_file scratch;
+  maps::Canvas canvas;
+  canvas.is_geographic = true;
+  canvas.canvas_scale = 0.1;
+  canvas.geo_x0 = 13'850'000;
+  canvas.geo_y1 = 3'550'000;
+  canvas.sec_m_x = 25;
+  canvas.sec_m_y = 30;
+  maps::Map_position mouse{20'000, 20'000, 0, 0};
+  for (auto _ : state) {
+    mouse.x += 1;
+    benchmark::DoNotOptimize(observations::linked_record_at(scratch.registry, canvas, mouse, 15'000, 9'000));
+  }
+}
+BENCHMARK(find_the_linked_record_under_the_mouse)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

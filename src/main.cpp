@@ -11,6 +11,8 @@
 #include "platform/memory.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
+#include "platform/qt/qt_sheets.h"
+#include "platform/qt/qt_sounds.h"
 #include "platform/user_folders.h"
 #include "ui/fonts.h"
 #include "ui/frm_main.h"
@@ -31,8 +33,8 @@ int main(int argc, char** argv) {
   platform::Qt_processes processes(files);
   ui::Qt_prompts prompts;
   platform::System_clock clock;
-  platform::No_sheets sheets;
-  platform::No_sounds sounds;
+  platform::Qt_sheets sheets(files, processes, platform::sheet_helper());
+  platform::Qt_sounds sounds(files);
   session::Ports ports{files, pictures, prompts, processes, clock, journal, sheets, sounds};
 
   session::Session session;

@@ -15,7 +15,7 @@ add_library(terranote_sample STATIC
   make_sample/place.cpp make_sample/relief.cpp make_sample/roads.cpp make_sample/settlements.cpp
   make_sample/sheet_painter.cpp make_sample/tables.cpp make_sample/waters.cpp)
 target_link_libraries(terranote_sample PRIVATE terranote_options
-                      PUBLIC terranote_ground terranote_geodesy Qt6::Gui Threads::Threads)
+                      PUBLIC terranote_ground terranote_geodesy terranote_exchange Qt6::Gui Threads::Threads)
 target_compile_options(terranote_sample PRIVATE ${sample_speed})
 
 add_executable(make_sample make_sample/main.cpp)

@@ -20,15 +20,6 @@ constexpr double units_per_degree = 100'000;
 constexpr double label_units = 2.75;   // canvas units to a step of the label scale, whose 8 are 11 pixels
 constexpr double longest_label = 400;  // canvas units that a number or text may reach from its point
 
-double component(double value) {
-  return std::clamp(std::isnan(value) ? 0 : value, 0.0, 255.0);
-}
-
-drawing::Colour colour_of(double r, double g, double b) {
-  const auto byte = [](double value) { return static_cast<drawing::Colour>(component(value)); };
-  return byte(r) << 16 | byte(g) << 8 | byte(b);
-}
-
 Point place_of(maps::Canvas& canvas, double x, double y) {
   const maps::Canvas_point at = maps::henkan_px(canvas, x, y);
   return {at.x, at.y};
@@ -91,7 +82,8 @@ void number_out(drawing::Surface& surface, Point at, const Record& record, Numbe
                measured ? drawing::red : drawing::black, 0);
 }
 
-// The declination at a record, if there is a field and the record has a geographic place.
+}  // namespace
+
 std::optional<double> declination_of(const Record& record, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   if (field.order == 0) return std::nullopt;
   double x = record.X, y = record.Y;
@@ -106,16 +98,16 @@ std::optional<double> declination_of(const Record& record, const Geomagnetic_fie
   }
 }
 
-}  // namespace
-
 Drawn_records drawn_records(const Registry& registry, const Geomagnetic_field& field, const maps::Canvas& canvas) {
   Drawn_records drawn;
   drawn.symbols.reserve(static_cast<std::size_t>(registry.N));
+  drawn.declinations.reserve(static_cast<std::size_t>(registry.N));
   for (int row = 1; row <= registry.N; ++row) {
     const Record& record = registry.rows[row];
     const bool has_strike = !record.soukou.empty() || !record.sen_houkou.empty();
     const std::optional<double> decl = has_strike ? declination_of(record, field, canvas) : std::nullopt;
     drawn.symbols.push_back(symbol_of(record, decl.value_or(0), decl.has_value()));
+    drawn.declinations.push_back(decl);
   }
   return drawn;
 }

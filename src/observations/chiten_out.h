@@ -2,6 +2,7 @@
 // worked out when the registry is read; a repaint draws from memory and leaves out what lies outside the canvas.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,13 @@ struct Chiten_choice {
 // One for each record of the table.
 struct Drawn_records {
   std::vector<Symbol> symbols;
+  // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
+  std::vector<std::optional<double>> declinations;
 };
+
+// The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.
+// None without a field (order 0) or a frame, and where the field has none.
+std::optional<double> declination_of(const Record& record, const Geomagnetic_field& field, const maps::Canvas& canvas);
 
 // The symbols of all records, each with the declination of its own place. A record in metres takes that of its place on
 // a geographic sheet; without a field (order 0) or a frame its strike counts as uncorrected.

@@ -4,6 +4,7 @@
 
 #include "core/choice_lists.h"
 #include "observations/record_line.h"
+#include "observations/true_north.h"
 #include "platform/code_page_932.h"
 #include "platform/numbers.h"
 
@@ -107,7 +108,7 @@ void boxes_from_record(Entry_boxes& boxes, const Record& record) {
   boxes.Shape1 = {record.R, record.G, record.B};
   boxes.Shape4 = {record.R2, record.G2, record.B2};
   boxes.Check7 = record.boundary != 0;
-  boxes.Check9 = platform::val(record.henkaku_done) != 0;
+  boxes.Check9 = reads_as_corrected(record.henkaku_done);
 }
 
 void record_from_boxes(Record& record, const Entry_boxes& boxes) {

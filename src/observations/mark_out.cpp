@@ -76,11 +76,20 @@ void lines_out(drawing::Surface& surface, Shape shape, Point at, double h, drawi
   }
 }
 
-double half_of(double size) {
-  return (size == 0 ? default_size : size) / 2 * size_unit;
+double component(double value) {
+  return std::clamp(std::isnan(value) ? 0 : value, 0.0, 255.0);
 }
 
 }  // namespace
+
+drawing::Colour colour_of(double red, double green, double blue) {
+  const auto byte = [](double value) { return static_cast<drawing::Colour>(component(value)); };
+  return byte(red) << 16 | byte(green) << 8 | byte(blue);
+}
+
+double mark_half(double size) {
+  return (size == 0 ? default_size : size) / 2 * size_unit;
+}
 
 void ld(drawing::Surface& surface, Point from, Point to, drawing::Colour colour, double width) {
   surface.line(from, to, pen_of(colour, width));
@@ -91,14 +100,14 @@ void lc(drawing::Surface& surface, Point centre, double radius, drawing::Colour 
 }
 
 double mark_reach(double size) {
-  return std::max(half_of(size), least_radius) + mark_pen;
+  return std::max(mark_half(size), least_radius) + mark_pen;
 }
 
 void mark_out(drawing::Surface& surface, Point at, drawing::Colour colour, double size, std::string_view mark) {
   const auto* const found = std::find_if(std::begin(mark_names), std::end(mark_names),
                                          [mark](const Mark_name& name) { return mark == name.name; });
   if (found == std::end(mark_names)) return;
-  const double h = half_of(size);
+  const double h = mark_half(size);
   const drawing::Pen pen = pen_of(colour, mark_pen);
   const drawing::Fill fill{colour, found->filled ? drawing::Fill_style::solid : drawing::Fill_style::none};
   if (found->shape == Shape::circle || found->shape == Shape::two_circles) {

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "core/project_folders.h"
+#include "observations/shell_file.h"
 #include "platform/text_files.h"
 
 namespace observations {
@@ -34,6 +35,13 @@ void memo_write(platform::Files& files, const std::string& project_path, const s
     rest.remove_prefix(end + 1);
   }
   files.write_whole(path, writer.bytes());
+}
+
+Memo_shown Command23(platform::Files& files, platform::Processes& processes, platform::Prompts& prompts,
+                     const std::string& project_path, const std::string& registration) {
+  const std::string path = memo_path(project_path, registration);
+  if (path.empty() || files.length(path) == 0) return Memo_shown::panel;
+  return Shell_file(processes, prompts, path) ? Memo_shown::program : Memo_shown::panel;
 }
 
 }  // namespace observations

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "platform/files.h"
+#include "platform/processes.h"
+#include "platform/prompts.h"
 
 namespace observations {
 
@@ -18,5 +20,15 @@ std::string memo_read(platform::Files& files, const std::string& path);
 // empty one makes no file. File_failure when it can't be written.
 void memo_write(platform::Files& files, const std::string& project_path, const std::string& path,
                 const std::string& text);
+
+// Where a memo is seen and changed.
+enum class Memo_shown {
+  program,  // its file was opened with the program that goes with it
+  panel     // it has no file, or that could not be opened: the panel's own box is the editor
+};
+
+// "メモ表示": opens the memo's file when it has a length. A failure comes up as a message.
+Memo_shown Command23(platform::Files& files, platform::Processes& processes, platform::Prompts& prompts,
+                     const std::string& project_path, const std::string& registration);
 
 }  // namespace observations

@@ -20,6 +20,10 @@ constexpr Message no_name{"地層名を選択して下さい。", "地層名を�
 constexpr Message no_other_name{"他の地層名を選択して下さい。", "他の地層名を選択して下さい。"};
 constexpr Message nothing_chosen{"保存する点が選択されていません。", "No point is selected."};
 
+// The short record of a copy ends before the column that marks a corrected strike.
+constexpr Message mark_not_copied{"追加した地点には偏角補正済みの印が付かないため、走向に偏角が加えられます。",
+                                  "The copy is not marked as corrected: the declination will be added to its strike."};
+
 constexpr Message memo_needs_number{"メモの保存には、ファイル名にできる登録番号が必要です。",
                                     "A memo needs a registration number that can be a file's name."};
 
@@ -178,6 +182,8 @@ bool surface_add(Edit_context context, const Entry& entry) {
   }
   const std::string done = name + "面に書き込みました。";
   context.prompts.message(done, done);
+  if (entry.boxes.Check9 && !platform::trim_text(entry.boxes.Text14[box_soukou]).empty())
+    context.prompts.message(mark_not_copied);
   return true;
 }
 

@@ -21,7 +21,8 @@ struct Save_result {
 Save_result Command9(Edit_context context, Entry& entry, Registry& registry);
 
 // "他の地層面に追加": appends a short record of the boxes to \chisou_men\<Combo2>.csv, which loses its deleted lines.
-// False, with a message, without another surface than the one in use, and where Command9 refuses.
+// It has no column 19, so a strike with Check9 ticked takes the declination there; a second message says so. False,
+// with a message, without another surface than the one in use, and where Command9 refuses.
 bool surface_add(Edit_context context, const Entry& entry);
 
 }  // namespace observations

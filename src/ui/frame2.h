@@ -5,9 +5,11 @@
 #include <QDialog>
 
 #include <functional>
+#include <memory>
 
 #include "core/project_settings.h"
 #include "platform/files.h"
+#include "platform/journal.h"
 #include "platform/prompts.h"
 
 class QGroupBox;
@@ -28,6 +30,8 @@ class Frame2_dialog : public QDialog {
   std::function<void()> saved;   // settei.ini was written and the project state set; called before `closed`
   std::function<void()> closed;  // the dialog has gone, by Save, by Cancel or by the window's frame
 
+  // The making and deleting of registration files can be taken back from now on.
+  void keep_in(platform::Journal& journal) { journal_ = &journal; }
   // Fills the widgets from the boxes; the first showing does it by itself.
   void boxes_out();
   // Sets all captions in the language of the settings.
@@ -68,11 +72,14 @@ class Frame2_dialog : public QDialog {
   void registry_make();
   void registries_delete();
   void frame12_show(bool shown);
+  // From now to its end what is done to files is one operation of the journal, where there is one.
+  std::unique_ptr<platform::Journal_operation> operation(const char* japanese, const char* english);
 
   core::Settings& settings_;
   core::Settings_boxes& boxes_;
   platform::Files& files_;
   platform::Prompts& prompts_;
+  platform::Journal* journal_ = nullptr;
   QString listed_folder_;      // the project folder whose files File11 shows
   bool frame_closed_ = false;  // the window's frame was used
 };

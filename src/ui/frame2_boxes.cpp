@@ -216,6 +216,10 @@ void Frame2_dialog::finish(int result) {
   if (closed) closed();
 }
 
+std::unique_ptr<platform::Journal_operation> Frame2_dialog::operation(const char* japanese, const char* english) {
+  return journal_ ? std::make_unique<platform::Journal_operation>(*journal_, japanese, english) : nullptr;
+}
+
 void Frame2_dialog::project_make() {
   const std::string made = core::Command14(boxes_in(), files_, prompts_);
   if (made.empty()) return;
@@ -225,6 +229,7 @@ void Frame2_dialog::project_make() {
 }
 
 void Frame2_dialog::registry_make() {
+  const auto kept = operation("新規ファイル作成", "New registration file");
   Settings_boxes typed = boxes_in();
   if (!core::Command44(settings_, typed, files_, prompts_)) return;
   findChild<QLineEdit*>("Text4")->clear();
@@ -232,6 +237,7 @@ void Frame2_dialog::registry_make() {
 }
 
 void Frame2_dialog::registries_delete() {
+  const auto kept = operation("地点登録ファイルの削除", "Delete registration files");
   Settings_boxes typed = boxes_in();
   if (core::Command45(typed, files_, prompts_)) registries_fill(typed);
 }

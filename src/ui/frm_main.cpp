@@ -104,6 +104,7 @@ void Frm_main::connect_all() {
   connect(HScroll1_, &QScrollBar::valueChanged, this, &Frm_main::bar_moved);
   connect(VScroll1_, &QScrollBar::valueChanged, this, &Frm_main::bar_moved);
   connect_canvas();
+  connect_entry();
 }
 
 void Frm_main::guarded(const std::function<void()>& procedure) {
@@ -121,6 +122,7 @@ void Frm_main::show(session::Redraw redraw) {
   if (redraw == session::Redraw::overlay) canvas_->overlay_changed();
   bars_to_widgets();
   show_tool();
+  show_notice();
 }
 
 void Frm_main::show_all() {
@@ -131,7 +133,7 @@ void Frm_main::show_all() {
 // What can be used depends on whether a sheet is drawn.
 void Frm_main::show_state() {
   const bool shown = session_.sheet_shown();
-  for (const char* name : {"Command16", "Command17", "Command18", "Command19", "Command25", "Main_act_0"})
+  for (const char* name : {"Command16", "Command17", "Command18", "Command19", "Command25", "Main_act_0", "show_table"})
     if (auto* tool = findChild<QWidget*>(name)) tool->setEnabled(shown);
   for (QAction* action : findChildren<QAction*>())
     if (action->property("needs_sheet").toBool()) action->setEnabled(shown);

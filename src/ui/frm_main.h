@@ -1,6 +1,7 @@
 // The main window: sheet list, canvas, three tabs of tool frames, menus, status bar. It owns widgets; what they do is
 // told by core/session. Its sources: frm_main.cpp builds the window, _menus the menu bar and the tool bar, _tabs the
-// tool frames, _sheets the sheet list and the start, _mouse the canvas, _language the captions.
+// tool frames, _sheets the sheet list and the start, _mouse the canvas, _entry the observations, _language the
+// captions.
 #pragma once
 
 #include <QMainWindow>
@@ -8,6 +9,7 @@
 #include <functional>
 #include <string>
 
+#include "core/language.h"
 #include "core/session/mouse.h"
 #include "core/session/session.h"
 
@@ -28,6 +30,8 @@ namespace ui {
 
 class Canvas_view;
 class Frame2_dialog;
+class Frame6;
+class Observation_table;
 class Sheet_model;
 
 class Frm_main : public QMainWindow {
@@ -43,6 +47,7 @@ class Frm_main : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   // frm_main.cpp
@@ -62,6 +67,7 @@ class Frm_main : public QMainWindow {
 
   // frm_main_menus.cpp
   void build_menus();
+  void build_edit_menu();
   void build_view_menu();
   void build_tool_bar();
   QAction* add_action(QMenu* menu, const char* name, bool ready);
@@ -69,12 +75,10 @@ class Frm_main : public QMainWindow {
 
   // frm_main_tabs.cpp
   void build_tabs();
-  QWidget* build_Frame6();
   QWidget* build_Frame4();
   QWidget* build_Frame5();
   void show_tab(int index);
   void fill_lists();
-  void fill_kinds_and_strata();
   void show_project();
 
   // frm_main_sheets.cpp
@@ -109,11 +113,34 @@ class Frm_main : public QMainWindow {
   void show_tool();
   void paint_overlay(QPainter& painter);
 
+  // frm_main_entry.cpp
+  void connect_entry();
+  void show_point_menu(const QPoint& at);
+  void take_place();
+  void open_new_record();
+  void open_record(int touroku);  // 0: the one at the place
+  void delete_record();
+  void panel_opened();
+  void records_changed();
+  void panel_command(const QString& name);
+  void save_record();
+  void close_record();
+  void perform_panel(const std::function<void()>& procedure);
+  void show_memo();
+  void open_shape();
+  void open_shape_make();
+  void end_line();
+  void undo(bool again);
+  void show_undo();
+  void show_notice();
+  void open_table();
+
   // frm_main_language.cpp
   void switch_language(const std::string& language);
   void apply_design_captions();
   void apply_captions();
   void apply_own_texts();
+  void set_table_caption(const core::Caption_set& caption);
   void set_caption(const QString& object, const QString& text);
 
   session::Session& session_;
@@ -143,9 +170,12 @@ class Frm_main : public QMainWindow {
   QLabel* shown_folder_ = nullptr;
   class QListWidget* shown_files_ = nullptr;
   Frame2_dialog* settings_ = nullptr;
-  bool settings_left_ = false;     // the basic settings were closed in this run
-  bool left_for_message_ = false;  // the window is inactive since a message stands over it
-  bool filling_ = false;           // the program itself sets widgets now
+  Frame6* Frame6_ = nullptr;
+  Observation_table* table_ = nullptr;  // made when it is first asked for
+  bool settings_left_ = false;          // the basic settings were closed in this run
+  bool left_for_message_ = false;       // the window is inactive since a message stands over it
+  bool place_chosen_ = false;           // the menu of a point is up: the press that brought it is the place
+  bool filling_ = false;                // the program itself sets widgets now
 };
 
 }  // namespace ui

@@ -10,7 +10,9 @@
 #include "core/language.h"
 #include "ui/canvas_view.h"
 #include "ui/frame2.h"
+#include "ui/frame6.h"
 #include "ui/frm_main.h"
+#include "ui/observation_table.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -27,7 +29,10 @@ struct Own_text {
 // clang-format off
 constexpr Own_text own_texts[] = {
     {"menu_bor_touroku",  "ボーリング登録",         "Borehole registration"},
+    {"menu_edit",         "編集",                   "Edit"},
     {"menu_view",         "表示",                   "View"},
+    {"shape_make",        "Shapeファイル作成...",   "Make a Shapefile..."},
+    {"observation_table", "登録地点の一覧...",      "Table of observations..."},
     {"menu_Japanese",     "日本語 (Japanese)",      "日本語 (Japanese)"},
     {"menu_English",      "英語 (English)",         "English"},
     {"view_zoom_in",      "拡大",                   "Zoom in"},
@@ -41,10 +46,7 @@ constexpr Own_text own_texts[] = {
     {"view_down",         "下へ移動",               "Move down"},
     {"view_sheet_list",   "地図の一覧へ",           "Go to the map list"},
     {"view_sheet_index",  "図葉の配置から選択...",  "Choose on the sheet grid..."},
-    {"Label19_0",         "X(m)",                   "X(m)"},
-    {"Label19_1",         "Y(m)",                   "Y(m)"},
-    {"label_mark",        "Mark",                   "Mark"},
-    {"label_size",        "Large",                  "Large"},
+    {"show_table",        "登録地点の一覧",         "Table of observations"},
     {"label_files",       "地点登録ファイル",       "Point registration files"},
     {"label_text_size",   "文字の大きさ",           "Text size"},
     {"label_interval",    "間隔",                   "Interval"},
@@ -85,8 +87,12 @@ void Frm_main::apply_design_captions() {
 
 void Frm_main::apply_captions() {
   for (const core::Caption_set& caption : core::Language_set(session_.settings, ports_.files, ports_.prompts))
-    set_caption(object_of(caption.control, caption.index), to_toolkit(caption.text));
+    set_table_caption(caption);
   apply_own_texts();
+}
+
+void Frm_main::set_table_caption(const core::Caption_set& caption) {
+  set_caption(object_of(caption.control, caption.index), to_toolkit(caption.text));
 }
 
 void Frm_main::apply_own_texts() {
@@ -97,6 +103,9 @@ void Frm_main::apply_own_texts() {
   canvas_->setAccessibleName(either("地図", "Map"));
   List1_->setAccessibleName(either("地図名の一覧", "List of map names"));
   List2_->setAccessibleName(either("図葉番号の一覧", "List of sheet codes"));
+  Frame6_->Language_set();
+  if (table_) table_->Language_set();
+  show_undo();
   shown_files_->setAccessibleName(either("地点登録ファイル", "Point registration files"));
 }
 

@@ -48,9 +48,11 @@ void Frm_main::build_menus() {
   end->setShortcut(QKeySequence::Quit);
   connect(end, &QAction::triggered, this, [this] { close(); });
 
+  build_edit_menu();
   QMenu* const tool = menuBar()->addMenu(QString());
   tool->setObjectName("menu_tool");
   for (const char* name : {"menu_dc_read", "menu_keiro", "GPS_MNEA", "menu_bor_touroku"}) add_action(tool, name, false);
+  connect(add_action(tool, "shape_make", true), &QAction::triggered, this, [this] { open_shape_make(); });
   tool->addSeparator();
   for (const char* name : {"menu_bunkatu", "menu_PDAbunkatu", "menu_PDAkiridasi", "menu_PDA", "mnu_Trailbook"})
     add_action(tool, name, false);
@@ -59,6 +61,25 @@ void Frm_main::build_menus() {
   solid->setObjectName("menu_3D");
   for (const char* name : {"menu_3D_make", "menu_souzyo"}) add_action(solid, name, false);
   build_view_menu();
+}
+
+void Frm_main::build_edit_menu() {
+  QMenu* const edit = menuBar()->addMenu(QString());
+  edit->setObjectName("menu_edit");
+  const auto add = [&](const char* name, const QList<QKeySequence>& keys, auto procedure) {
+    QAction* const action = add_action(edit, name, true);
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, procedure);
+    return action;
+  };
+  add("menu_undo", {QKeySequence("Ctrl+Z")}, [this] { undo(false); });
+  add("menu_redo", {QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")}, [this] { undo(true); });
+  edit->addSeparator();
+  add("mnu_sinki", {QKeySequence("Ctrl+N")}, [this] { open_new_record(); })->setProperty("needs_sheet", true);
+  add("mnu_henkou", {QKeySequence("Ctrl+E")}, [this] { open_record(0); })->setProperty("needs_sheet", true);
+  add("mnu_del", {QKeySequence("Ctrl+D")}, [this] { delete_record(); })->setProperty("needs_sheet", true);
+  edit->addSeparator();
+  add("observation_table", {QKeySequence("Ctrl+T")}, [this] { open_table(); })->setProperty("needs_sheet", true);
 }
 
 void Frm_main::build_view_menu() {
@@ -92,6 +113,7 @@ void Frm_main::build_view_menu() {
   // The menus' captions have no mnemonics of their own.
   for (const auto& [keys, name] : {std::pair{"Alt+F", "menu_file"},
                                    {"F10", "menu_file"},
+                                   {"Alt+E", "menu_edit"},
                                    {"Alt+T", "menu_tool"},
                                    {"Alt+3", "menu_3D"},
                                    {"Alt+V", "menu_view"}})

@@ -4,11 +4,14 @@
 #include <QScrollBar>
 #include <QToolButton>
 
+#include "core/session/entry.h"
 #include "core/session/position_text.h"
 #include "core/session/redraw.h"
 #include "core/session/tools.h"
 #include "ui/canvas_view.h"
+#include "ui/frame6.h"
 #include "ui/frm_main.h"
+#include "ui/observation_table.h"
 #include "ui/overlay.h"
 #include "ui/toolkit_text.h"
 
@@ -50,8 +53,14 @@ void Frm_main::canvas_measured() {
 
 void Frm_main::map_pressed(int button, double x, double y) {
   if (!session_.sheet_shown()) return;
-  perform([&] { return session::mouse_press(session_, ports_, tools_, {button_of(button), x, y}).redraw; });
+  session::Mouse_result result;
+  perform([&] {
+    result = session::mouse_press(session_, ports_, tools_, {button_of(button), x, y});
+    return result.redraw;
+  });
   show_tool();
+  if (session_.entry.open && result.taken) Frame6_->boxes_out();
+  if (result.point_menu) show_point_menu(QCursor::pos());
 }
 
 void Frm_main::map_moved(double x, double y) {
@@ -65,7 +74,15 @@ void Frm_main::map_moved(double x, double y) {
 }
 
 void Frm_main::map_released(int button, double x, double y) {
-  perform([&] { return session::mouse_release(session_, {button_of(button), x, y}).redraw; });
+  // A press that went to no tool and moved nothing marks the record under it.
+  const bool free_press = session_.drag.prepared;
+  perform([&] {
+    const session::Mouse_result result = session::mouse_release(session_, {button_of(button), x, y});
+    if (result.taken || !free_press || session_.entry.open) return result.redraw;
+    const Redraw redraw = session::highlight_at(session_, x, y);
+    if (table_) table_->select(session_.highlighted);
+    return redraw;
+  });
 }
 
 void Frm_main::wheel_turned(int steps, double x, double y) {

@@ -13,10 +13,12 @@
 #include "core/session/redraw.h"
 #include "core/session/sheet.h"
 #include "core/session/start_up.h"
+#include "core/session/undo.h"
 #include "core/settei.h"
 #include "ui/canvas_view.h"
 #include "ui/frame10.h"
 #include "ui/frame2.h"
+#include "ui/frame6.h"
 #include "ui/frm_chikeizu_sentaku.h"
 #include "ui/frm_main.h"
 #include "ui/overlay.h"
@@ -122,8 +124,9 @@ void Frm_main::activate() {
   if (settings_left_ && ports_.files.length(core::settei_path(session_.settings)) == 0) return;
   guarded([this] {
     const session::Activated outcome = session::form_activate(session_, ports_, {false, false});
-    fill_kinds_and_strata();
+    Frame6_->lists_fill();
     if (outcome == session::Activated::nothing) return;
+    session::journal_r(session_, ports_);
     apply_captions();
     fill_lists();
     show_sheet_list();
@@ -184,6 +187,7 @@ void Frm_main::open_row(int row) {
 void Frm_main::open_settings() {
   if (!settings_) {
     settings_ = new Frame2_dialog(session_.settings, session_.boxes, ports_.files, ports_.prompts, this);
+    settings_->keep_in(ports_.journal);
     settings_->saved = [this] { settings_saved(); };
     settings_->closed = [this] {
       settings_left_ = true;
@@ -200,6 +204,8 @@ void Frm_main::open_settings() {
 // The catalogue follows the datum and the folder, and so does the sheet that is drawn.
 void Frm_main::settings_saved() {
   guarded([this] {
+    session::journal_r(session_, ports_);
+    show_undo();
     session::sheet_list_r(session_, ports_);
     show_sheet_list();
     show_all();

@@ -15,6 +15,7 @@
 
 #include "core/choice_lists.h"
 #include "ui/canvas_view.h"
+#include "ui/frame6.h"
 #include "ui/frm_main.h"
 #include "ui/toolkit_text.h"
 #include "ui/wrap_button.h"
@@ -72,44 +73,11 @@ void Frm_main::build_tabs() {
   TabStrip1_ = new QTabWidget;
   TabStrip1_->setObjectName("TabStrip1");
   // These three captions are the same in both languages.
-  TabStrip1_->addTab(scrolling(build_Frame6()), "Position");
+  Frame6_ = new Frame6(session_, ports_);
+  TabStrip1_->addTab(Frame6_, "Position");
   TabStrip1_->addTab(scrolling(build_Frame4()), "File");
   TabStrip1_->addTab(scrolling(build_Frame5()), "View");
   TabStrip1_->setCurrentIndex(2);
-}
-
-// The entry of an observation: its boxes stand in their places until the registry can take them.
-QWidget* Frm_main::build_Frame6() {
-  auto* frame = named(new QWidget, "Frame6", true);
-  auto* column = new QVBoxLayout(frame);
-  auto* form = new QFormLayout;
-  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  form_row(form, "Label19_0", new QLineEdit, "Text14_0");
-  form_row(form, "Label19_1", new QLineEdit, "Text14_1");
-  form_row(form, "Label19_2", new QLineEdit, "Text14_2");
-  form_row(form, "Label19_3", new QComboBox, "Combo7");
-  form_row(form, "Label19_4", new QComboBox, "Combo6");
-  form_row(form, "Label19_6", new QLineEdit, "Text14_5");
-  form_row(form, "Label19_7", new QLineEdit, "Text14_6");
-  form_row(form, "Label19_5", new QLineEdit, "Text14_3");
-  form_row(form, "Label19_8", new QLineEdit, "Text14_4");
-  form_row(form, "Label60", new QLineEdit, "Text14_7");
-  form_row(form, "Label29", new QLineEdit, "Text13");
-  form_row(form, "label_mark", new QComboBox, "Combo1");
-  form_row(form, "label_size", new QComboBox, "Combo3");
-  column->addLayout(form);
-  column->addWidget(named(new QCheckBox, "Check9", false));
-  column->addWidget(named(new Wrap_button, "Command8", false));
-  auto* lines = new QHBoxLayout;
-  lines->addWidget(named(new Wrap_button, "Command6", false));
-  lines->addWidget(named(new Wrap_button, "Command31", false));
-  column->addLayout(lines);
-  column->addStretch();
-  auto* ends = new QHBoxLayout;
-  ends->addWidget(named(new Wrap_button, "Command9", false));
-  ends->addWidget(named(new Wrap_button, "Command22", false));
-  column->addLayout(ends);
-  return frame;
 }
 
 // The registered files of the sheet that is drawn.
@@ -130,6 +98,9 @@ QWidget* Frm_main::build_Frame4() {
   shown_files_ = named(new QListWidget, "shown_files", true);
   shown_files_->setMaximumHeight(140);
   column->addWidget(shown_files_);
+  auto* table = named(new Wrap_button, "show_table", true);
+  connect(table, &QAbstractButton::clicked, this, &Frm_main::open_table);
+  column->addWidget(table);
   column->addWidget(named(new Wrap_button, "Main_act_7", false));
   column->addWidget(named(new Wrap_button, "Main_act_8", false));
   column->addStretch();
@@ -170,27 +141,12 @@ void Frm_main::show_tab(int index) {
 }
 
 void Frm_main::fill_lists() {
-  fill_kinds_and_strata();
-  fill(findChild<QComboBox*>("Combo1"), core::mark_shapes(session_.settings.language));
-  fill(findChild<QComboBox*>("Combo3"), core::mark_sizes(), core::mark_size_default);
+  Frame6_->lists_fill();
   fill(findChild<QComboBox*>("Combo8"), core::intervals(), core::interval_default);
   auto* size = findChild<QComboBox*>("Text1");
   size->clear();
   for (const char* text : {"6", "8", "10", "12", "14"}) size->addItem(text);
   size->setCurrentText("8");
-}
-
-// At each return to the window: another dialog may have changed the strata. The choices in force stay.
-void Frm_main::fill_kinds_and_strata() {
-  auto* kinds = findChild<QComboBox*>("Combo7");
-  const int kind = std::max(0, kinds->currentIndex());
-  fill(kinds, core::target_kinds(session_.settings.language));
-  kinds->setCurrentIndex(kind);
-  auto* strata = findChild<QComboBox*>("Combo6");
-  const QString stratum = strata->currentText();
-  strata->clear();
-  for (const std::string& name : session_.stratum_names) strata->addItem(to_toolkit(name));
-  strata->setCurrentIndex(std::max(0, strata->findText(stratum)));
 }
 
 void Frm_main::show_project() {

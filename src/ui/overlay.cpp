@@ -1,8 +1,10 @@
 #include "ui/overlay.h"
 
 #include <QFontMetrics>
+#include <algorithm>
 
 #include "maps/scale_bar.h"
+#include "observations/marks.h"
 #include "ui/canvas_view.h"
 #include "ui/toolkit_text.h"
 
@@ -14,6 +16,8 @@ namespace {
 constexpr double label_rise = 50;
 constexpr int widest_scale_bar = 160;
 constexpr int edge = 14;
+constexpr double highlight_radius = 13, marker_radius = 9;
+const QColor highlight_colour(0x00, 0x7a, 0xcc);
 const QColor paper(255, 255, 255, 215);
 const QColor ink(0x20, 0x20, 0x20);
 
@@ -98,6 +102,68 @@ void paint_north(QPainter& painter, const QRect& canvas, const maps::Canvas& map
   painter.restore();
 }
 
+// Where a position of the records stands, in logical pixels. Far-off places stay within what a painter can take.
+QPointF pixels_of(maps::Canvas& canvas, geodesy::Point position) {
+  constexpr double far = 1e5;
+  const maps::Canvas_point at = maps::henkan_px(canvas, position.x, position.y);
+  return {std::clamp(at.x / 2.0, -far, far), std::clamp(at.y / 2.0, -far, far)};
+}
+
+QPolygonF pixels_of(maps::Canvas& canvas, const std::vector<geodesy::Point>& vertices) {
+  QPolygonF polygon;
+  for (const geodesy::Point& vertex : vertices) polygon << pixels_of(canvas, vertex);
+  return polygon;
+}
+
+// Light below, colour above, so that it is seen on any map.
+void paint_ring(QPainter& painter, QPointF at, double radius, const QColor& colour) {
+  painter.setBrush(Qt::NoBrush);
+  for (const QPen& pen : {QPen(paper, 5), QPen(colour, 2.5)}) {
+    painter.setPen(pen);
+    painter.drawEllipse(at, radius, radius);
+  }
+}
+
+void paint_highlight(QPainter& painter, maps::Canvas& canvas, const session::Session& session) {
+  if (session.highlighted < 1 || session.highlighted > session.registry.N || session.entry.open) return;
+  const observations::Record& record = session.registry.rows[session.highlighted];
+  paint_ring(painter, pixels_of(canvas, {record.X, record.Y}), highlight_radius, highlight_colour);
+}
+
+// The marker Shape of the record in the panel: a ring with a cross, its middle free.
+void paint_marker(QPainter& painter, maps::Canvas& canvas, const session::Session& session) {
+  if (!session.entry.open) return;
+  const QPointF at = pixels_of(canvas, observations::position_of(session.entry.boxes));
+  paint_ring(painter, at, marker_radius, Qt::red);
+  painter.setPen(QPen(Qt::red, 1.5));
+  for (const QPointF& towards : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)})
+    painter.drawLine(at + towards * (marker_radius - 5), at + towards * (marker_radius + 5));
+}
+
+void paint_vertices(QPainter& painter, const QPolygonF& places) {
+  painter.setPen(QPen(Qt::red, 1.5));
+  painter.drawPolyline(places);
+  painter.setBrush(Qt::white);
+  for (const QPointF& place : places) painter.drawRect(QRectF(place - QPointF(2.5, 2.5), QSizeF(5, 5)));
+  painter.setBrush(Qt::NoBrush);
+}
+
+// The line that is being drawn, its free end at the mouse; else the line of the record in the panel.
+void paint_line_input(QPainter& painter, maps::Canvas& canvas, const session::Session& session) {
+  if (session.flags.line_mode > 0) {
+    const QPolygonF places = pixels_of(canvas, session.line.vertices);
+    paint_vertices(painter, places);
+    if (places.isEmpty()) return;
+    painter.setPen(QPen(Qt::red, 1.5, session.line_end_fixed ? Qt::SolidLine : Qt::DashLine));
+    painter.drawLine(places.back(), pixels_of(canvas, session.line_end));
+    return;
+  }
+  const observations::Entry& entry = session.entry;
+  if (!entry.open || entry.touroku < 1 || entry.touroku > session.registry.N) return;
+  if (!observations::is_area(entry.boxes.Combo1) && !observations::is_line(entry.boxes.Combo1)) return;
+  paint_vertices(painter, pixels_of(canvas, session.registry.rows[entry.touroku].vertices));
+}
+
 }  // namespace
 
 void paint_fixed_controls(QPainter& painter, const QRect& canvas, const session::Session& session) {
@@ -109,6 +175,10 @@ void paint_fixed_controls(QPainter& painter, const QRect& canvas, const session:
 
 void paint_controls(QPainter& painter, const QRect& canvas, const session::Session& session) {
   paint_fixed_controls(painter, canvas, session);
+  maps::Canvas map = session.canvas;
+  paint_highlight(painter, map, session);
+  paint_line_input(painter, map, session);
+  paint_marker(painter, map, session);
   paint_line(painter, session.section_rubber);
   paint_box(painter, session.zoom_rubber);
   paint_box(painter, session.model_rubber);

@@ -23,9 +23,9 @@ inline bool fits(const QWidget* widget) {
     return frame->width() >= frame->fontMetrics().horizontalAdvance(frame->title()) + 16;
   if (qobject_cast<const QAbstractButton*>(widget) && widget->hasHeightForWidth())
     return widget->height() >= widget->heightForWidth(widget->width());
-  if (qobject_cast<const QAbstractButton*>(widget))
-    return widget->width() >= widget->minimumSizeHint().width() &&
-           widget->height() >= widget->minimumSizeHint().height();
+  if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+    return button->text().isEmpty() || (widget->width() >= widget->minimumSizeHint().width() &&
+                                        widget->height() >= widget->minimumSizeHint().height());
   return true;
 }
 

@@ -1,9 +1,10 @@
 #include "observations/memo.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "observations/observation_place.h"
 #include "platform/failures.h"
+#include "support/fake_ports.h"
 
 namespace {
 
@@ -43,6 +44,34 @@ TEST_F(Memo, IsNotWrittenWhenNothingChanged) {
 TEST_F(Memo, FailsInAReadOnlyFolder) {
   files.read_only = true;
   EXPECT_THROW(observations::memo_write(files, project, memo("1"), "a"), platform::File_failure);
+}
+
+TEST_F(Memo, OpensWithItsProgramWhenItHasALength) {
+  support::Recorded_processes processes;
+  disk.make_folder(project + "\\chisou_men\\txt");
+  disk.write_whole(memo("1"), "a\r\n");
+  EXPECT_EQ(observations::Command23(files, processes, prompts, project, "1"), observations::Memo_shown::program);
+  EXPECT_THAT(processes.started, testing::ElementsAre(memo("1")));
+}
+
+TEST_F(Memo, IsEditedInThePanelWithoutAFile) {
+  support::Recorded_processes processes;
+  disk.make_folder(project + "\\chisou_men\\txt");
+  disk.write_whole(memo("2"), "");
+  for (const char* number : {"1", "2", "", "..\\a"})
+    EXPECT_EQ(observations::Command23(files, processes, prompts, project, number), observations::Memo_shown::panel);
+  EXPECT_THAT(processes.started, testing::IsEmpty());
+  EXPECT_THAT(prompts.shown, testing::IsEmpty());
+}
+
+TEST_F(Memo, IsEditedInThePanelWhenNoProgramOpensIt) {
+  struct Refusing : support::Recorded_processes {
+    platform::Open_result open(const std::string&) override { return platform::Open_result::denied; }
+  } processes;
+  disk.make_folder(project + "\\chisou_men\\txt");
+  disk.write_whole(memo("1"), "a\r\n");
+  EXPECT_EQ(observations::Command23(files, processes, prompts, project, "1"), observations::Memo_shown::panel);
+  EXPECT_THAT(prompts.shown, testing::ElementsAre("アクセスは拒否されました。"));
 }
 
 }  // namespace

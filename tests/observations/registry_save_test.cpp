@@ -265,6 +265,17 @@ TEST_F(Surface_add, AppendsAShortRecordAndDropsDeletedLines) {
   EXPECT_EQ(prompts.shown, (std::vector<std::string>{"sawa面に書き込みました。"}));
 }
 
+TEST_F(Surface_add, SaysThatTheCopyOfACorrectedStrikeIsNotMarked) {
+  entry.boxes.Combo2 = "sawa";
+  entry.boxes.Check9 = true;
+  EXPECT_TRUE(surface_add(context(), entry));
+  EXPECT_EQ(prompts.shown.size(), 1u) << "there is no strike";
+  entry.boxes.Text14[box_soukou] = "N15W";
+  EXPECT_TRUE(surface_add(context(), entry));
+  EXPECT_EQ(prompts.shown.back(), "追加した地点には偏角補正済みの印が付かないため、走向に偏角が加えられます。");
+  EXPECT_EQ(bytes("sawa.csv"), "1,,,,,,,,\r\n1,,,,,,N15W,,\r\n");
+}
+
 TEST_F(Surface_add, NeedsAnotherSurface) {
   EXPECT_FALSE(surface_add(context(), entry));
   entry.boxes.Combo2 = "TANI";

@@ -133,12 +133,22 @@ TEST_P(Golden_registry, ComesBackByteForByte) {
 }
 INSTANTIATE_TEST_SUITE_P(BothLanguages, Golden_registry,
                          testing::Values("marks_japanese.csv", "marks_english.csv", "vertices.csv",
-                                         "odd_lines_saved.csv"));
+                                         "odd_lines_saved.csv", "odd_bytes_saved.csv"));
 
 TEST_F(Registry_bytes, TurnOddLinesIntoTheOnesThatAreTold) {
   put(support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/odd_lines.csv"));
   read();
   EXPECT_TRUE(support::same_as_golden(observations::registry_bytes(registry), "observations/odd_lines_saved.csv"));
+}
+
+// Half-width and user-defined characters, one of two codes for a character, bytes without one, NUL, other line ends, no
+// line end, numbers beyond a double, columns beyond the last one, and marks that the list doesn't offer.
+TEST_F(Registry_bytes, TurnOddBytesIntoTheOnesThatAreTold) {
+  put(support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/odd_bytes.csv"));
+  read();
+  EXPECT_TRUE(registry.complete);
+  EXPECT_EQ(registry.N, 11);
+  EXPECT_TRUE(support::same_as_golden(observations::registry_bytes(registry), "observations/odd_bytes_saved.csv"));
 }
 
 TEST_F(Registry_bytes, LeaveOutARecordWhoseXIsNoDataAndKeepOneWhoseYIs) {

@@ -1,4 +1,5 @@
-// The declination is never applied twice: every road on which a strike travels is a row of one table.
+// The conversions that take a declination, each with marked and unmarked strikes. declination_once_test.cpp follows a
+// record over them from the hand that typed it.
 #include "observations/true_north.h"
 
 #include <gtest/gtest.h>

@@ -41,13 +41,18 @@ class Fake_pictures : public platform::Pictures {
 class Recorded_processes : public platform::Processes {
  public:
   std::vector<std::string> started;
-  bool start(const std::string& executable, const std::vector<std::string>&, const std::string&) override {
+  std::vector<std::vector<std::string>> arguments;  // of each start
+  std::vector<std::string> folders;
+  bool works = true;  // what both give back
+  bool start(const std::string& executable, const std::vector<std::string>& list, const std::string& folder) override {
     started.push_back(executable);
-    return true;
+    arguments.push_back(list);
+    folders.push_back(folder);
+    return works;
   }
   bool open_with_program(const std::string& what) override {
     started.push_back(what);
-    return true;
+    return works;
   }
 };
 

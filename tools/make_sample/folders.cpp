@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "core/settei.h"
+#include "exchange/dbf.h"
 #include "make_sample/in_parallel.h"
 #include "make_sample/observations.h"
 #include "make_sample/palette.h"
@@ -25,6 +26,8 @@ using platform::join_path;
 constexpr const char* marker = "sample.txt";
 constexpr const char* registry = "観測点.csv";
 constexpr double relief_spacing = 15;  // metres
+// The day on which the table of attributes was made; the sample has the same bytes whenever it is made.
+constexpr platform::Date_time table_made{2008, 6, 5};
 
 // A picture to paint, and where it goes.
 struct Picture_job {
@@ -122,6 +125,7 @@ void write_tables(Files& files, const Country& country, const std::string& progr
   write("mps\\semigawa.mps", boundary_bytes(country, southern_municipality));
   write("TKY2JGD.par", shift_bytes());
   write("igrf10.coef", field_bytes());
+  write("def.dbf", exchange::dbf_bytes("NAME", "", table_made));
   platform::Line_writer language;
   language.line("Japanese");
   write("Language.set", language.bytes());

@@ -6,6 +6,8 @@
 #include "core/session/sheet.h"
 #include "core/session/start_up.h"
 #include "core/session/tools.h"
+#include "observations/input_sheet.h"
+#include "observations/link.h"
 #include "observations/marks.h"
 #include "observations/registry_save.h"
 #include "platform/text_case.h"
@@ -102,6 +104,14 @@ Mouse_result point_menu(Session& session, Ports& ports, const Press& press, cons
   }
 }
 
+Mouse_result open_link(Session& session, Ports& ports, const Press& press, const maps::Map_position& position) {
+  if (!session.view.Check5 || session.entry.open) return {};
+  const observations::Link_context context{
+      session.settings, session.boring_out_folder, session.registry, session.canvas, ports.files, ports.processes};
+  const bool hit = observations::open_link(context, position, press.x, press.y) != observations::Link_opened::none;
+  return {hit, Redraw::none, false};
+}
+
 drawing::Point twips_of(Session& session, const observations::Record& record) {
   const maps::Canvas_point at = maps::henkan_px(session.canvas, record.X, record.Y);
   return {at.x * maps::twips_per_unit, at.y * maps::twips_per_unit};
@@ -124,6 +134,9 @@ void add_entry_tools(Map_tools& tools, Ports& ports) {
   };
   tools.fix_point = [&ports](Session& session, const Press& press, const Position& position) {
     return fix_point(session, ports, press, position);
+  };
+  tools.open_link = [&ports](Session& session, const Press& press, const Position& position) {
+    return open_link(session, ports, press, position);
   };
   tools.point_menu = [&ports](Session& session, const Press& press, const Position& position) {
     return point_menu(session, ports, press, position);
@@ -228,6 +241,22 @@ bool entry_tool_left(Session& session) {
   session.line.vertices.clear();
   session.line_end_fixed = false;
   return left;
+}
+
+bool Command1(Session& session, Ports& ports) {
+  const Journal_operation operation(ports.journal, "入力シート登録", "Input sheet");
+  const observations::Sheet_context context{session.settings, session.boxes, session.canvas, ports.files,
+                                            ports.processes,  ports.sheets,  ports.prompts};
+  observations::Entry_boxes& boxes = session.entry.boxes;
+  const std::string before = boxes.Label3;
+  const bool opened = observations::Command1(context, boxes);
+  if (boxes.Label3 != before) entry_edited(session);
+  return opened;
+}
+
+observations::Memo_shown Command23(Session& session, Ports& ports) {
+  return observations::Command23(ports.files, ports.processes, ports.prompts, session.settings.project_path,
+                                 session.entry.boxes.Text14[observations::box_touroku_no]);
 }
 
 Redraw highlight_at(Session& session, double x, double y) {

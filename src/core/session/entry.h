@@ -7,11 +7,12 @@
 #include "core/language.h"
 #include "core/session/mouse.h"
 #include "core/session/session.h"
+#include "observations/memo.h"
 
 namespace session {
 
-// The rows of the table of presses that belong to the entry: vertices, the free end of a line, the picked position, the
-// menu of a point. `ports` must outlive the tools.
+// The rows of the table of presses that belong to observations: vertices, the free end of a line, the picked position,
+// the menu of a point, the link of a mark. `ports` must outlive the tools.
 void add_entry_tools(Map_tools& tools, Ports& ports);
 
 // The record whose menu is up, as the menu names it; empty where there is none.
@@ -48,6 +49,11 @@ Redraw Command6(Session& session, Ports& ports);
 Redraw Command31(Session& session);
 // Leaves an open line without its vertices, and disarms the pick of a position. True when there was one.
 bool entry_tool_left(Session& session);
+
+// Command1, "入力シート登録": the record's copy of the template is filled in and opened.
+bool Command1(Session& session, Ports& ports);
+// Command23, "メモ表示".
+observations::Memo_shown Command23(Session& session, Ports& ports);
 
 // A record is marked on the map, and in the table beside it: the one next to a place, or of a number (0: none). The map
 // moves where the record is out of sight.

@@ -12,6 +12,7 @@ class Qt_processes : public Processes {
   bool start(const std::string& executable, const std::vector<std::string>& arguments,
              const std::string& folder) override;
   bool open_with_program(const std::string& file_or_address) override;
+  Open_result open(const std::string& file_or_address) override;
 
  private:
   Files& files_;

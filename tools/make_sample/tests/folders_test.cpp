@@ -9,6 +9,7 @@
 #include <map>
 
 #include "core/settei.h"
+#include "exchange/shape_export.h"
 #include "geodesy/datum.h"
 #include "make_sample/place.h"
 #include "maps/boundaries.h"
@@ -199,6 +200,27 @@ TEST(Make_sample, ShiftsEverySheetByItsOwnTable) {
       ASSERT_NEAR(read.dB, shift.latitude, 3e-4);
       ASSERT_NEAR(read.dL, shift.longitude, 3e-4);
     }
+}
+
+// A dBASE III table: number of records at 4, length of the header at 8 and of a record at 10, the column's name at 32,
+// its type at 43 and width at 48; the record; 1A.
+TEST(Make_sample, HasATableOfAttributesForShapefiles) {
+  const std::string table = made().files.read_bytes(platform::join_path(made().program(), "def.dbf"));
+  ASSERT_EQ(table.size(), 65u + 255 + 1);
+  EXPECT_EQ(table.substr(0, 12), std::string("\x03\x6C\x06\x05\x01\0\0\0\x41\0\xFF\0", 12));
+  EXPECT_EQ(table.substr(32, 12), std::string("NAME\0\0\0\0\0\0\0C", 12));
+  EXPECT_EQ(table[48], '\xFE');
+  EXPECT_EQ(table.substr(64), "\x0D" + std::string(255, ' ') + "\x1A");
+}
+
+TEST(Make_sample, LetsAShapefileBeMadeInItsProgramFolder) {
+  const support::Temporary_folder target;
+  const std::string list = target.text() + "/list.txt", base = target.text() + "/point";
+  made().files.write_whole(list, "P,10,20\r\n");
+  ASSERT_TRUE(exchange::shape_convert(made().files, made().program(), list, base));
+  EXPECT_EQ(made().files.length(base + ".shp"), 128);
+  EXPECT_EQ(made().files.read_bytes(base + ".dbf"),
+            made().files.read_bytes(platform::join_path(made().program(), "def.dbf")));
 }
 
 }  // namespace

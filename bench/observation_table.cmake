@@ -1,0 +1,3 @@
+if(TERRANOTE_GUI)
+  terranote_bench(observation_table LINKS terranote_ui)
+endif()

@@ -1,0 +1,469 @@
+#include "ui/frame6.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+#include <QToolButton>
+
+#include "ui/colour_button.h"
+#include "ui/mark_preview.h"
+#include "ui/toolkit_text.h"
+#include "ui/wrap_button.h"
+#include "ui/wrap_check.h"
+
+namespace ui {
+
+namespace {
+
+using namespace observations;
+
+// Logical pixels.
+constexpr int mark_side = 72, symbol_side = 96;
+constexpr int memo_height = 72, notes_height = 72;
+constexpr int least_form_height = 96;
+
+// A form that scrolls up and down alone, and is never narrower than its texts.
+class Form_area : public QScrollArea {
+ public:
+  QSize minimumSizeHint() const override {
+    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), least_form_height};
+  }
+};
+
+// Sentences that scroll in a few lines of their own where they are many.
+class Notes_area : public QScrollArea {
+ public:
+  QSize sizeHint() const override {
+    const int width = std::max(1, viewport()->width());
+    return {0, std::min(notes_height, widget()->heightForWidth(width) + 2)};
+  }
+  QSize minimumSizeHint() const override { return {0, 18}; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QScrollArea::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) updateGeometry();
+  }
+};
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QLabel* heading(const char* name) {
+  auto* label = named(new QLabel, name);
+  QFont font = label->font();
+  font.setBold(true);
+  label->setFont(font);
+  label->setContentsMargins(0, 6, 0, 0);
+  return label;
+}
+
+QHBoxLayout* row_in(QWidget* widget) {
+  auto* row = new QHBoxLayout(widget);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(4);
+  return row;
+}
+
+// Half of a scroll control: as high as half the box beside it.
+class Arrow : public QToolButton {
+ public:
+  explicit Arrow(Qt::ArrowType type) {
+    setArrowType(type);
+    setAutoRepeat(true);
+    setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same in the box
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  }
+  QSize sizeHint() const override { return {18, 11}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+}  // namespace
+
+Frame6::Frame6(session::Session& session, session::Ports& ports, QWidget* parent)
+    : QWidget(parent), session_(session), ports_(ports) {
+  setObjectName("Frame6");
+  lay_out();
+  order_tabs();
+  connect_all();
+  Language_set();
+  boxes_out();
+}
+
+void Frame6::lay_out() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(4, 4, 4, 4);
+  column->setSpacing(4);
+  title_ = named(new QLabel, "frame_title");
+  title_->setWordWrap(true);
+  title_->setTextFormat(Qt::PlainText);  // "<name>" is no tag
+  column->addWidget(title_);
+  area_ = named(new Form_area, "entry_area");
+  area_->setWidgetResizable(true);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area_->setWidget(build_form());
+  column->addWidget(area_, 1);
+  echo_box_ = build_echo();
+  column->addWidget(echo_box_);
+  column->addWidget(build_ends());
+}
+
+QWidget* Frame6::build_form() {
+  form_ = named(new QWidget, "entry_form");
+  auto* column = new QVBoxLayout(form_);
+  column->setContentsMargins(2, 2, 2, 2);
+  column->setSpacing(4);
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  form->setHorizontalSpacing(6);
+  form->setVerticalSpacing(3);
+  add_position(form);
+  add_plane(form);
+  column->addLayout(form);
+  add_mark(column);
+  add_memo(column);
+  add_lines(column);
+  column->addStretch(1);
+  return form_;
+}
+
+QLineEdit* Frame6::text_row(QFormLayout* form, const char* label_name, int box, const char* name) {
+  auto* label = named(new QLabel, label_name);
+  auto* edit = named(new QLineEdit, name);
+  edit->setMinimumWidth(100);
+  // Within the box, at its end: shown while the text is marked.
+  auto* inside = new QHBoxLayout(edit);
+  inside->setContentsMargins(0, 0, 4, 0);
+  auto* slip = new QLabel;
+  slip->setObjectName(QString(name) + "_slip");
+  slip->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(14, 14));
+  slip->setCursor(Qt::ArrowCursor);
+  slip->hide();
+  inside->addStretch(1);
+  inside->addWidget(slip);
+  label->setBuddy(edit);
+  texts_[static_cast<std::size_t>(box)] = edit;
+  form->addRow(label, edit);
+  return edit;
+}
+
+QComboBox* Frame6::combo_row(QFormLayout* form, const char* label_name, const char* name, bool editable) {
+  auto* combo = named(new QComboBox, name);
+  combo->setEditable(editable);
+  combo->setInsertPolicy(QComboBox::NoInsert);
+  if (editable) combo->setCompleter(nullptr);  // what is typed stays as it is typed
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setMinimumContentsLength(6);
+  combo->setFocusPolicy(Qt::StrongFocus);
+  combo->installEventFilter(this);
+  auto* label = named(new QLabel, label_name);
+  label->setBuddy(combo);
+  form->addRow(label, combo);
+  return combo;
+}
+
+void Frame6::add_position(QFormLayout* form) {
+  text_row(form, "Label19_0", box_X, "Text14_0");
+  text_row(form, "Label19_1", box_Y, "Text14_1");
+  text_row(form, "Label19_2", box_Z, "Text14_2");
+  pick_ = named(new Wrap_button, "pick_position");
+  pick_->setCheckable(true);
+  form->addRow(pick_);
+}
+
+// In the order of the record's boxes: the tab key goes the same way.
+void Frame6::add_plane(QFormLayout* form) {
+  Combo7_ = combo_row(form, "Label19_3", "Combo7", true);
+  Combo6_ = combo_row(form, "Label19_4", "Combo6", true);
+  text_row(form, "Label19_6", box_soukou, "Text14_5");
+  text_row(form, "Label19_7", box_keisha, "Text14_6");
+  text_row(form, "Label60", box_touroku_no, "Text14_7");
+  numbering_ = named(new QLabel, "numbering");
+  numbering_->setWordWrap(true);
+  form->addRow(numbering_);
+  auto* number = text_row(form, "Label29", box_measurement, "Text13");
+  number->installEventFilter(this);
+  auto* scroll = named(new QWidget, "VScroll2");
+  auto* arrows = new QVBoxLayout(scroll);
+  arrows->setContentsMargins(0, 0, 0, 0);
+  arrows->setSpacing(0);
+  arrows->addWidget(named(new Arrow(Qt::UpArrow), "VScroll2_up"));
+  arrows->addWidget(named(new Arrow(Qt::DownArrow), "VScroll2_down"));
+  auto* pair = new QWidget;
+  auto* row = row_in(pair);
+  const int at = form->rowCount() - 1;
+  form->removeItem(form->itemAt(at, QFormLayout::FieldRole));
+  row->addWidget(number, 1);
+  row->addWidget(scroll);
+  form->setWidget(at, QFormLayout::FieldRole, pair);
+  text_row(form, "Label19_5", box_sen_keisha, "Text14_3");
+  text_row(form, "Label19_8", box_sen_houkou, "Text14_4");
+  Label3_ = named(new QLineEdit, "Label3");
+  Label3_->setReadOnly(true);
+  Label3_->setFrame(false);
+  Label3_->setMinimumWidth(100);
+  auto* picture = named(new QLabel, "label_picture");
+  picture->setBuddy(Label3_);
+  form->addRow(picture, Label3_);
+}
+
+void Frame6::add_mark(QVBoxLayout* column) {
+  column->addWidget(heading("heading_mark"));
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  form->setVerticalSpacing(3);
+  Combo1_ = combo_row(form, "label_mark", "Combo1", false);
+  Combo3_ = combo_row(form, "label_size", "Combo3", false);
+  mark_colour_ = new Colour_button("colour_select", "Shape1");
+  line_colour_ = new Colour_button("Command8", "Shape4");
+  auto* label = named(new QLabel, "label_colour");
+  label->setBuddy(mark_colour_->button());
+  form->addRow(label, mark_colour_);
+  form->addRow(QString(), line_colour_);
+  column->addLayout(form);
+  auto* row = new QHBoxLayout;
+  mark_preview_ = named(new Mark_preview(mark_side), "mark_preview");
+  symbol_preview_ = named(new Mark_preview(symbol_side), "symbol_preview");
+  row->addStretch(1);
+  row->addWidget(mark_preview_, 0, Qt::AlignVCenter);
+  row->addWidget(symbol_preview_);
+  row->addStretch(1);
+  column->addLayout(row);
+  Check7_ = named(new Wrap_check, "Check7");
+  Check9_ = named(new Wrap_check, "Check9");
+  column->addWidget(Check7_);
+  column->addWidget(Check9_);
+}
+
+void Frame6::add_memo(QVBoxLayout* column) {
+  auto* label = heading("label_memo");
+  column->addWidget(label);
+  memo_ = named(new QPlainTextEdit, "memo");
+  memo_->setFixedHeight(memo_height);
+  memo_->setTabChangesFocus(true);
+  label->setBuddy(memo_);
+  column->addWidget(memo_);
+  Check1_ = named(new Wrap_check, "Check1");
+  column->addWidget(Check1_);
+}
+
+void Frame6::add_lines(QVBoxLayout* column) {
+  column->addWidget(heading("heading_line"));
+  auto* lines = new QHBoxLayout;
+  lines->addWidget(command_button("Command6", "Command6"));
+  lines->addWidget(command_button("Command31", "Command31"));
+  column->addLayout(lines);
+  line_count_ = named(new QLabel, "line_count");
+  line_count_->setWordWrap(true);
+  column->addWidget(line_count_);
+  column->addWidget(heading("heading_more"));
+  auto* grid = new QGridLayout;
+  grid->setSpacing(4);
+  grid->addWidget(command_button("Command23", "Command23"), 0, 0);
+  grid->addWidget(command_button("picture_dialog", "Command8"), 0, 1);
+  grid->addWidget(command_button("Command1", "Command1"), 1, 0);
+  grid->addWidget(command_button("Command7", "Command7"), 1, 1);
+  column->addLayout(grid);
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  Combo2_ = combo_row(form, "label_surface", "Combo2", true);
+  column->addLayout(form);
+  column->addWidget(command_button("surface_add", "surface_add"));
+}
+
+// Rows of what is read, the declination, and what comes of it; the sentences below.
+QWidget* Frame6::build_echo() {
+  struct Cell {
+    const char* name;
+    int row, column;
+  };
+  static constexpr Cell cells[] = {{"head_raw", 0, 1},
+                                   {"head_declination", 0, 2},
+                                   {"head_corrected", 0, 3},
+                                   {"head_strike", 1, 0},
+                                   {"echo_raw", 1, 1},
+                                   {"echo_declination", 1, 2},
+                                   {"echo_corrected", 1, 3},
+                                   {"head_dip", 2, 0},
+                                   {"echo_dip", 2, 1},
+                                   {"echo_dip_corrected", 2, 3},
+                                   {"head_side", 3, 0},
+                                   {"echo_side", 3, 1},
+                                   {"echo_side_corrected", 3, 3},
+                                   {"head_text", 4, 0},
+                                   {"echo_text", 4, 1},
+                                   {"echo_text_corrected", 4, 3},
+                                   {"head_lineation", 5, 0},
+                                   {"echo_lineation", 5, 1},
+                                   {"echo_lineation_declination", 5, 2},
+                                   {"echo_lineation_corrected", 5, 3},
+                                   {"head_lineation_dip", 6, 0},
+                                   {"echo_lineation_dip", 6, 1}};
+  auto* box = named(new QFrame, "echo");
+  box->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  QFont small = font();
+  small.setPointSizeF(std::max(7.0, small.pointSizeF() - 1));
+  box->setFont(small);
+  auto* column = new QVBoxLayout(box);
+  column->setContentsMargins(4, 3, 4, 3);
+  column->setSpacing(2);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(1);
+  for (const Cell& cell : cells) {
+    auto* label = named(new QLabel, cell.name);
+    if (QString(cell.name).startsWith("head_")) label->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(label, cell.row, cell.column);
+  }
+  for (int i = 1; i < 4; ++i) grid->setColumnStretch(i, 1);
+  column->addLayout(grid);
+  auto* model = named(new QLabel, "echo_model");
+  model->setWordWrap(true);
+  column->addWidget(model);
+  auto* told = named(new QWidget, "echo_told");
+  auto* row = row_in(told);
+  auto* icon = named(new QLabel, "echo_icon");
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(16, 16));
+  row->addWidget(icon, 0, Qt::AlignTop);
+  auto* notes = named(new QLabel, "echo_notes");
+  notes->setWordWrap(true);
+  notes->setTextFormat(Qt::PlainText);
+  notes->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  notes_area_ = named(new Notes_area, "notes_area");
+  notes_area_->setWidgetResizable(true);
+  notes_area_->setFrameShape(QFrame::NoFrame);
+  notes_area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  notes_area_->setFocusPolicy(Qt::NoFocus);
+  notes_area_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  notes_area_->setWidget(notes);
+  row->addWidget(notes_area_, 1);
+  column->addWidget(told);
+  return box;
+}
+
+QWidget* Frame6::build_ends() {
+  auto* ends = named(new QWidget, "entry_ends");
+  auto* grid = new QGridLayout(ends);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(4);
+  grid->addWidget(command_button("entry_new", "mnu_sinki"), 0, 0);
+  grid->addWidget(command_button("entry_delete", "mnu_del"), 0, 1);
+  grid->addWidget(command_button("Command9", "Command9"), 1, 0);
+  grid->addWidget(command_button("Command22", "Command22"), 1, 1);
+  return ends;
+}
+
+QPushButton* Frame6::command_button(const char* object, const char* name) {
+  auto* button = named(new Wrap_button, object);
+  button->setAutoDefault(false);
+  connect(button, &QPushButton::clicked, this, [this, name] { emit command(name); });
+  return button;
+}
+
+void Frame6::order_tabs() {
+  const std::array<QWidget*, 32> order{texts_[box_X],
+                                       texts_[box_Y],
+                                       texts_[box_Z],
+                                       pick_,
+                                       Combo7_,
+                                       Combo6_,
+                                       texts_[box_soukou],
+                                       texts_[box_keisha],
+                                       texts_[box_touroku_no],
+                                       texts_[box_measurement],
+                                       texts_[box_sen_keisha],
+                                       texts_[box_sen_houkou],
+                                       Label3_,
+                                       Combo1_,
+                                       Combo3_,
+                                       mark_colour_->button(),
+                                       line_colour_->button(),
+                                       Check7_,
+                                       Check9_,
+                                       memo_,
+                                       Check1_,
+                                       findChild<QWidget*>("Command6"),
+                                       findChild<QWidget*>("Command31"),
+                                       findChild<QWidget*>("Command23"),
+                                       findChild<QWidget*>("picture_dialog"),
+                                       findChild<QWidget*>("Command1"),
+                                       findChild<QWidget*>("Command7"),
+                                       Combo2_,
+                                       findChild<QWidget*>("surface_add"),
+                                       findChild<QWidget*>("entry_new"),
+                                       findChild<QWidget*>("entry_delete"),
+                                       findChild<QWidget*>("Command9")};
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+  setTabOrder(order.back(), findChild<QWidget*>("Command22"));
+}
+
+void Frame6::connect_all() {
+  connect_texts();
+  connect_choices();
+  connect(pick_, &QPushButton::toggled, this, [this](bool on) {
+    if (!filling_) session_.flags.point_mode = on ? 1 : 0;
+  });
+  for (const int by : {1, -1})
+    connect(findChild<QToolButton*>(by > 0 ? "VScroll2_up" : "VScroll2_down"), &QToolButton::clicked, this,
+            [this, by] { measurement_step(by); });
+}
+
+void Frame6::connect_texts() {
+  for (std::size_t i = 0; i < texts_.size(); ++i)
+    connect(texts_[i], &QLineEdit::textEdited, this, [this, i](const QString& text) {
+      Entry_boxes& boxes = session_.entry.boxes;
+      (i == box_measurement ? boxes.Text13 : boxes.Text14[i]) = from_toolkit(text);
+      changed();
+      if (i == box_X || i == box_Y) emit position_typed();
+    });
+  connect(memo_, &QPlainTextEdit::textChanged, this, [this] {
+    if (filling_) return;
+    session_.entry.boxes.memo = from_toolkit(memo_->toPlainText());
+    changed();
+  });
+}
+
+void Frame6::connect_choices() {
+  const auto choice = [this](QComboBox* combo, std::string Entry_boxes::*member, bool of_record) {
+    connect(combo, &QComboBox::currentTextChanged, this, [this, member, of_record](const QString& text) {
+      if (filling_) return;
+      session_.entry.boxes.*member = from_toolkit(text);
+      of_record ? changed() : echo_out();
+    });
+  };
+  choice(Combo1_, &Entry_boxes::Combo1, true);
+  choice(Combo3_, &Entry_boxes::Combo3, true);
+  choice(Combo6_, &Entry_boxes::Combo6, true);
+  choice(Combo7_, &Entry_boxes::Combo7, true);
+  choice(Combo2_, &Entry_boxes::Combo2, false);
+  const auto tick = [this](QCheckBox* check, bool Entry_boxes::*member, bool of_record) {
+    connect(check, &QCheckBox::toggled, this, [this, member, of_record](bool on) {
+      if (filling_) return;
+      session_.entry.boxes.*member = on;
+      if (of_record) changed();
+    });
+  };
+  tick(Check1_, &Entry_boxes::Check1, false);  // how the next record begins; no record holds it
+  tick(Check7_, &Entry_boxes::Check7, true);
+  tick(Check9_, &Entry_boxes::Check9, true);
+  const auto colour = [this](Colour_button* button, observations::Colour Entry_boxes::*member) {
+    connect(button, &Colour_button::chosen, this, [this, member](const QColor& picked) {
+      session_.entry.boxes.*member = {double(picked.red()), double(picked.green()), double(picked.blue())};
+      changed();
+    });
+  };
+  colour(mark_colour_, &Entry_boxes::Shape1);
+  colour(line_colour_, &Entry_boxes::Shape4);
+}
+
+}  // namespace ui
