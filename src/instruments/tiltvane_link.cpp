@@ -38,7 +38,7 @@ void settings_w(const Tiltvane_boxes& boxes, const Link_ports& ports) {
 // Opens a port and sends the command; one that can't be opened is silent.
 void send_to(int port, std::string_view command, platform::Serial_port& serial) {
   serial.set_port(port);
-  serial.set_line(tiltvane_line_settings);
+  serial.set_line(clinometer_line);
   if (serial.open()) serial.write(command);
 }
 

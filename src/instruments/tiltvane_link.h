@@ -15,7 +15,7 @@
 
 namespace instruments {
 
-inline constexpr const char* tiltvane_line_settings = "9600,n,8,1";
+inline constexpr const char* clinometer_line = "9600,n,8,1";
 inline constexpr int search_quiet_ticks = 10;    // the next tick without input goes on to the next port
 inline constexpr int download_quiet_ticks = 50;  // the next one gives up
 inline constexpr int last_port = 50;

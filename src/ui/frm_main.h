@@ -146,7 +146,8 @@ class Frm_main : public QMainWindow {
   // frm_main_instruments.cpp
   void connect_instruments();
   void project_changed();
-  void open_clinometer();
+  void open_clinometer(bool with_memory);
+  void open_clinometer_cable();
   void open_routes(bool nmea);
   void open_replay();
   void switch_gps();

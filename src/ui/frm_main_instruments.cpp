@@ -12,6 +12,7 @@
 #include "ui/frm_keiro.h"
 #include "ui/frm_keiro_nmea.h"
 #include "ui/frm_main.h"
+#include "ui/frm_tiltvane.h"
 #include "ui/gps_data_out.h"
 #include "ui/gps_state.h"
 #include "ui/tiltvane_read2.h"
@@ -37,16 +38,24 @@ void Frm_main::project_changed() {
   records_changed();
 }
 
-void Frm_main::open_clinometer() {
+void Frm_main::open_clinometer(bool with_memory) {
   if (session_.entry.open) close_record();
   if (session_.entry.open) return;
-  guarded([this] {
+  guarded([this, with_memory] {
     const platform::Journal_operation operation(ports_.journal, "クリノメータデータの登録", "Clinometer data");
     Tiltvane_read2 dialog(session_, ports_, this);
     connect(&dialog, &Tiltvane_read2::registry_written, this, &Frm_main::project_changed);
+    if (with_memory) dialog.show_memory();
     dialog.exec();
   });
   records_changed();
+}
+
+// The small dialog only reads the instrument; the table of what was read follows.
+void Frm_main::open_clinometer_cable() {
+  bool read = false;
+  guarded([this, &read] { read = Frm_Tiltvane(session_, ports_, this).exec() == QDialog::Accepted; });
+  if (read) open_clinometer(true);
 }
 
 void Frm_main::open_routes(bool nmea) {

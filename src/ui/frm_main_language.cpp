@@ -32,6 +32,7 @@ constexpr Own_text own_texts[] = {
     {"menu_bor_touroku",  "ボーリング登録",         "Borehole registration"},
     {"menu_edit",         "編集",                   "Edit"},
     {"menu_view",         "表示",                   "View"},
+    {"clinometer_cable",  "クリノメータの接続...",  "Connect the clinometer..."},
     {"gps_switch",        "GPS受信",                "Live GPS"},
     {"gps_tool",          "GPS",                    "GPS"},
     {"gps_data_out",      "GPSデータの再生...",     "Replay GPS data..."},

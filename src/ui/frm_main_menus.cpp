@@ -56,7 +56,8 @@ void Frm_main::build_menus() {
     connect(action, &QAction::triggered, this, procedure);
     return action;
   };
-  add("menu_dc_read", [this] { open_clinometer(); })->setShortcut(QKeySequence("Ctrl+K"));
+  add("menu_dc_read", [this] { open_clinometer(false); })->setShortcut(QKeySequence("Ctrl+K"));
+  add("clinometer_cable", [this] { open_clinometer_cable(); });
   add("menu_keiro", [this] { open_routes(false); });
   add("GPS_MNEA", [this] { open_routes(true); });
   QAction* const gps = add("gps_switch", [this] { switch_gps(); });
