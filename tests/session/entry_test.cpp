@@ -228,6 +228,30 @@ TEST_F(Entry, WhatIsInNoFileYetOutlivesAReadingOfTheRegistry) {
   EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
 }
 
+// The settings, with another registration file or project, are saved while the panel is open.
+TEST_F(Entry, ARecordGoesToNoOtherFileThanTheOneItWasOpenedFrom) {
+  save_new(600, 700);
+  const std::string name = session.settings.registry_name;
+  const std::string copy = project() + "/chisou_men/copy.csv";
+  files.copy(project() + "/chisou_men/" + name, copy);
+  const std::string before = files.read_bytes(copy);
+  press_at(Button::right, 600, 700);
+  ASSERT_TRUE(session::mnu_henkou(session, ports));
+  box(observations::box_soukou) = "N40E";
+  session.settings.registry_name = "copy.csv";
+  session::registry_r(session, ports);
+  EXPECT_FALSE(session::Command9(session, ports).saved);
+  EXPECT_NE(prompts.shown.back().find("Another registration file was chosen meanwhile"), std::string::npos);
+  EXPECT_FALSE(session::mnu_del(session, ports));
+  EXPECT_NE(prompts.shown.back().find("Another registration file was chosen meanwhile"), std::string::npos);
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(files.read_bytes(copy), before);
+  session.settings.registry_name = name;
+  session::registry_r(session, ports);
+  EXPECT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_EQ(session.registry.rows[1].soukou, "N40E");
+}
+
 TEST_F(Entry, AnotherProgramsRecordIsKeptWhenANewOneIsGivenUp) {
   save_new(600, 700);
   open_new(300, 400);
