@@ -116,6 +116,42 @@ TEST_F(Entry, DeleteAsksAndTakesTheLineOut) {
   EXPECT_EQ(prompts.shown.back(), "[May I delete the specified point?1]");
 }
 
+// The limits are those of the table and of the deletion; the sentences are the user's.
+TEST_F(Entry, TellsThatTheTableIsFull) {
+  std::string lines;
+  for (int i = 0; i < observations::record_limit; ++i) lines += "0,1,2\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  press_at(Button::right, 300, 400);
+  EXPECT_FALSE(session::mnu_sinki(session, ports));
+  EXPECT_EQ(prompts.shown.back(), "A registration file holds 15000 points, and this one is full.");
+  EXPECT_FALSE(session.entry.open);
+  EXPECT_EQ(session.registry.N, observations::record_limit);
+}
+
+TEST_F(Entry, TellsHowMuchOfALongFileIsShown) {
+  std::string lines;
+  for (int i = 0; i <= observations::record_limit; ++i) lines += "0,1,2\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  EXPECT_EQ(prompts.shown.back(),
+            "The point registration file can't be read to its end. Its first 15000 points are shown, and no change of "
+            "them is saved.");
+}
+
+TEST_F(Entry, TellsThatNothingCanBeDeletedFromALongFile) {
+  std::string lines;
+  for (int i = 0; i < 1001; ++i) lines += "0,300,400\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  press_at(Button::right, 300, 400);
+  prompts.answers = {Answer::ok};
+  EXPECT_FALSE(session::mnu_del(session, ports));
+  EXPECT_EQ(prompts.shown.back(), "Nothing can be deleted from a registration file of more than 1000 lines.");
+  EXPECT_EQ(registry(), lines);
+  EXPECT_EQ(session.registry.N, 1001);
+}
+
 TEST_F(Entry, LeavingAPanelWithUnsavedEntriesOffersToKeepThem) {
   open_new(300, 400);
   session::entry_edited(session);

@@ -10,6 +10,7 @@
 #include "observations/link.h"
 #include "observations/marks.h"
 #include "observations/registry_save.h"
+#include "platform/failures.h"
 #include "platform/text_case.h"
 
 namespace session {
@@ -19,6 +20,12 @@ namespace {
 using observations::Edit_context;
 using platform::Journal_operation;
 
+constexpr platform::Message end_line_first{"線(囲み)を入力中です。「線終了」で終えてから保存して下さい。",
+                                           "A line is being drawn. Please end it before you save."};
+constexpr platform::Message table_full{"地点登録ファイルは15000点までです。これ以上登録できません。",
+                                       "A registration file holds 15000 points, and this one is full."};
+constexpr platform::Message file_too_long{"1000行を超える地点登録ファイルからは削除できません。",
+                                          "Nothing can be deleted from a registration file of more than 1000 lines."};
 constexpr double edge_share =
     0.05;  // a record nearer to the window's edge than this share of it counts as out of sight
 
@@ -150,9 +157,14 @@ std::string menu_label(const Session& session) {
 }
 
 bool mnu_sinki(Session& session, Ports& ports) {
-  if (!observations::mnu_sinki(context_of(session, ports), session.entry, session.registry, scheme_of(session),
-                               session.entry_click, surfaces(session)))
+  try {
+    if (!observations::mnu_sinki(context_of(session, ports), session.entry, session.registry, scheme_of(session),
+                                 session.entry_click, surfaces(session)))
+      return false;
+  } catch (const platform::Subscript_failure&) {
+    ports.prompts.message(table_full);
     return false;
+  }
   panel_opened(session);
   return true;
 }
@@ -173,8 +185,12 @@ bool mnu_henkou(Session& session, Ports& ports, int touroku) {
 
 bool mnu_del(Session& session, Ports& ports) {
   const Journal_operation operation(ports.journal, "地点の削除", "Delete observation");
-  const bool gone =
-      observations::mnu_del(context_of(session, ports), session.entry, session.registry, session.entry_click);
+  bool gone = false;
+  try {
+    gone = observations::mnu_del(context_of(session, ports), session.entry, session.registry, session.entry_click);
+  } catch (const platform::Subscript_failure&) {
+    ports.prompts.message(file_too_long);
+  }
   if (!session.entry.open) entry_close(session);
   if (gone) registry_r(session, ports);
   return gone;
