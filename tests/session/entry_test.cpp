@@ -193,6 +193,22 @@ TEST_F(Entry, ALineIsDrawnPressByPressAndEndsAtTheMouse) {
   EXPECT_EQ(session.registry.rows[1].X, 100);  // a line stands at its first vertex
 }
 
+TEST_F(Entry, ALineThatIsNotEndedIsNotLostByASave) {
+  open_new(300, 400);
+  session.entry.boxes.Combo1 = "Line";
+  session::Command6(session, ports);
+  press_at(Button::left, 100, 100);
+  EXPECT_EQ(session.flags.data_dirty, 1);  // closing the panel asks
+  EXPECT_FALSE(session::Command9(session, ports).saved);
+  EXPECT_EQ(prompts.shown.back(), "A line is being drawn. Please end it before you save.");
+  EXPECT_EQ(session.line.vertices.size(), 1u);
+  EXPECT_TRUE(session.entry.open);
+  follow_the_mouse(200, 100);
+  session::Command31(session);
+  EXPECT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_EQ(session.registry.rows[1].vertices.size(), 2u);
+}
+
 TEST_F(Entry, ARightPressFixesTheFreeEndOfALine) {
   open_new(300, 400);
   session.entry.boxes.Combo1 = "Line";
@@ -298,6 +314,39 @@ TEST_F(Entry, AnotherProgramsRecordIsKeptWhenANewOneIsGivenUp) {
   save_new(500, 100);
   EXPECT_EQ(session.registry.N, 3);
   EXPECT_EQ(session.registry.rows[2].X, 1);
+}
+
+TEST_F(Entry, ASaveKeepsWhatAnotherProgramHasWrittenMeanwhile) {
+  save_new(600, 700);
+  open_new(300, 400);
+  files.append(project() + "/chisou_men/genchi.csv", "1,1,2,\r\n");
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  ASSERT_EQ(session.registry.N, 3);
+  EXPECT_EQ(session.registry.rows[2].X, 1);
+  EXPECT_EQ(session.registry.rows[3].X, 300);
+  EXPECT_FALSE(session::registry_follow(session, ports));
+  files.append(project() + "/chisou_men/genchi.csv", "1,5,6,\r\n");
+  EXPECT_TRUE(session::registry_follow(session, ports));
+  EXPECT_EQ(session.registry.N, 4);
+}
+
+TEST_F(Entry, PointsFromPhotosLeaveTheRecordInThePanelAlone) {
+  open_new(300, 400);
+  session.entry.boxes.Combo1 = "Line";
+  session::Command6(session, ports);
+  press_at(Button::left, 100, 100);
+  follow_the_mouse(200, 100);
+  session::Command31(session);
+  files.make_folder(project() + "/photo");
+  files.write_whole(project() + "/photo/a.jpg", "x");
+  prompts.answers = {Answer::yes};
+  EXPECT_EQ(session::photo_read(session, ports, project() + "/photo", {500, 600}).added, 1);
+  EXPECT_EQ(session.entry.touroku, 2);
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  ASSERT_EQ(session.registry.N, 2);
+  EXPECT_EQ(session.registry.rows[1].gazou, "photo\\a.jpg");
+  EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
+  EXPECT_EQ(session.registry.rows[2].keisoku_jikoku, "");
 }
 
 TEST_F(Entry, APressMarksTheRecordUnderIt) {

@@ -76,9 +76,10 @@ Mouse_result line_vertex(Session& session, Ports& ports, const maps::Map_positio
   const bool area = observations::is_area(session.entry.boxes.Combo1);
   session.line_end_fixed = false;
   session.line_end = at;
-  if (observations::line_vertex(session.flags, session.line, at, area, ports.prompts) !=
-      observations::Vertex_taken::closed)
-    return taken(Redraw::overlay);
+  const observations::Vertex_taken vertex =
+      observations::line_vertex(session.flags, session.line, at, area, ports.prompts);
+  entry_edited(session);
+  if (vertex != observations::Vertex_taken::closed) return taken(Redraw::overlay);
   keep_line(session);
   return taken(Redraw::all);
 }
@@ -206,6 +207,12 @@ bool leave_entry(Session& session, Ports& ports) {
 }
 
 Entry_saved Command9(Session& session, Ports& ports) {
+  // The panel closes with the save, and the line that isn't ended would go with it.
+  if (session.flags.line_mode > 0 && session.flags.line_count > 0) {
+    ports.prompts.message(end_line_first);
+    return {};
+  }
+  registry_follow(session, ports);  // the table goes to the file as a whole
   const Journal_operation operation(ports.journal, "地点の保存", "Save observation");
   observations::Save_result result =
       observations::Command9(context_of(session, ports), session.entry, session.registry);
@@ -216,6 +223,18 @@ Entry_saved Command9(Session& session, Ports& ports) {
   registry_r(session, ports);
   session.highlighted = touroku <= session.registry.N ? touroku : 0;
   return {true, std::move(result.captions)};
+}
+
+observations::Photo_result photo_read(Session& session, Ports& ports, const std::string& folder,
+                                      geodesy::Point position) {
+  const Journal_operation operation(ports.journal, "写真から地点を登録", "Make points from photos");
+  observations::Entry& entry = session.entry;
+  const observations::Record before = entry.open ? session.registry.rows[entry.touroku] : observations::Record{};
+  const observations::Photo_result result =
+      observations::photo_read(context_of(session, ports), session.registry, folder, position);
+  // The photos took the row of a record that is in no file yet.
+  if (session.registry.reads != entry.reads) observations::entry_follow_read(entry, session.registry, before);
+  return result;
 }
 
 bool surface_add(Session& session, Ports& ports) {

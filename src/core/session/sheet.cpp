@@ -85,6 +85,12 @@ void registry_r(Session& session, Ports& ports) {
   instruments::routes_r(ports.files, session.settings.project_path, session.routes);
 }
 
+bool registry_follow(Session& session, Ports& ports) {
+  const bool changed = observations::is_changed(session.registry, ports.files);
+  if (changed) registry_r(session, ports);
+  return changed;
+}
+
 int row_of(const Sheet_list& sheets, const std::string& stem) {
   const auto found = std::find(sheets.List2.begin(), sheets.List2.end(), stem);
   return found == sheets.List2.end() ? -1 : static_cast<int>(found - sheets.List2.begin());
