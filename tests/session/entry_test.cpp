@@ -358,6 +358,23 @@ TEST_F(Entry, APressMarksTheRecordUnderIt) {
   EXPECT_EQ(session.highlighted, 0);
 }
 
+// The press goes to the link, and still marks the record that it belongs to.
+TEST_F(Entry, APressThatOpensALinkMarksTheRecordToo) {
+  save_new(600, 700);
+  open_new(300, 400);
+  session.entry.boxes.Label3 = "a.jpg";
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  session.highlighted = 0;
+  EXPECT_TRUE(press_at(Button::left, 300, 400).taken);
+  EXPECT_EQ(session.highlighted, 2);
+  EXPECT_EQ(session.notice.english, "It can't be opened: a.jpg");
+  session.notice = {};
+  files.write_whole(project() + "/chisou_men/a.jpg", "x");
+  EXPECT_TRUE(press_at(Button::left, 300, 400).taken);
+  EXPECT_EQ(session.notice.english, "");
+  EXPECT_FALSE(press_at(Button::left, 600, 700).taken);
+}
+
 TEST_F(Entry, AMarkedRecordOutOfSightComesToTheMiddle) {
   save_new(300, 400);
   session.canvas.view_x = -6000;

@@ -116,8 +116,13 @@ Mouse_result open_link(Session& session, Ports& ports, const Press& press, const
   if (!session.view.Check5 || session.entry.open) return {};
   const observations::Link_context context{
       session.settings, session.boring_out_folder, session.registry, session.canvas, ports.files, ports.processes};
-  const bool hit = observations::open_link(context, position, press.x, press.y) != observations::Link_opened::none;
-  return {hit, Redraw::none, false};
+  const observations::Link_opened link = observations::open_link(context, position, press.x, press.y);
+  if (link == observations::Link_opened::none) return {};
+  session.highlighted = observations::linked_record_at(session.registry, session.canvas, position, press.x, press.y);
+  const std::string& name = session.registry.rows[session.highlighted].gazou;
+  if (link == observations::Link_opened::failed)
+    session.notice = {"開けません: " + name, "It can't be opened: " + name};
+  return taken(Redraw::overlay);
 }
 
 drawing::Point twips_of(Session& session, geodesy::Point position) {
