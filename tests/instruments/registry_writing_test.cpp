@@ -40,14 +40,27 @@ TEST_F(Registry_writing, AddsWhatStandsSomewhereAndTurnsWhatIsKnown) {
   EXPECT_EQ(prompts.shown, Texts{"3個のデータを書き込みました。"});
 }
 
-TEST_F(Registry_writing, TakesThePlacesOfATrack) {
+TEST_F(Registry_writing, NamesTheMarkOfNewRecordsInEnglish) {
   put_lines({old_point});
   speak("English");
   show_three();
-  walk({"2008/11/15,012030", "2008/11/14,230509"});
-  EXPECT_EQ(press().count, 2);
-  EXPECT_TRUE(support::same_as_golden(bytes(), "instruments/registry_track_english.csv"));
-  EXPECT_EQ(prompts.shown, Texts{"2 Data Saved"});
+  EXPECT_EQ(press().count, 3);
+  EXPECT_TRUE(support::same_as_golden(bytes(), "instruments/registry_english.csv"));
+  EXPECT_EQ(prompts.shown, Texts{"3 Data Saved"});
+}
+
+TEST_F(Registry_writing, TakesThePlacesOfATrack) {
+  for (const std::string language : {"Japanese", "English"}) {
+    put_lines({old_point});
+    speak(language);
+    show_three();
+    walk({"2008/11/15,012030", "2008/11/14,230509"});
+    EXPECT_EQ(press().count, 2);
+    const bool japanese = language == "Japanese";
+    EXPECT_TRUE(support::same_as_golden(
+        bytes(), japanese ? "instruments/registry_track_japanese.csv" : "instruments/registry_track_english.csv"));
+    EXPECT_EQ(prompts.shown.back(), japanese ? "2個のデータを書き込みました。" : "2 Data Saved");
+  }
 }
 
 TEST_F(Registry_writing, CopiesTheFolderAsEachSaveDoes) {
