@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -126,6 +127,13 @@ TEST_P(Tiltvane_dialog, IsClippedNowhereAndNamesEveryBox) {
     EXPECT_TRUE(support::nothing_clipped(dialog.get())) << size.width();
   }
   EXPECT_EQ(support::nameless_widgets(*dialog).join(", ").toStdString(), "");
+}
+
+TEST_P(Tiltvane_dialog, FitsOnTheScreenWithItsFrame) {
+  open();
+  const QSize screen = dialog->screen()->availableSize();
+  EXPECT_LE(dialog->height(), screen.height() - 40);
+  EXPECT_LE(dialog->minimumSizeHint().height(), 720 - 30);
 }
 
 TEST_P(Tiltvane_dialog, GoesOnWithTheLastSettings) {
