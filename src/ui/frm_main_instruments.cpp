@@ -89,6 +89,7 @@ void Frm_main::switch_gps() {
     if (session_.flags.gps_running == 1) {
       Timer2_->stop();
       session::gps_stop(session_, *MSComm1_);
+      gps_sheet_->clear();
       show_project();
     } else {
       session::gps_start(session_, ports_, *MSComm1_);
@@ -103,7 +104,10 @@ void Frm_main::gps_tick() {
   guarded([this] {
     const session::Gps_followed followed = session::gps_tick(session_, ports_, *MSComm1_);
     if (followed.moved) {
-      gps_sheet_->setText(to_toolkit(followed.Label16));
+      // The folder is on a page that may be covered; a position without a map must be seen on each.
+      gps_sheet_->setText(followed.outside && followed.Label16.empty()
+                              ? QString::fromUtf8(japanese() ? "範囲外" : "Outside all sheets")
+                              : to_toolkit(followed.Label16));
       shown_folder_->setText(to_toolkit(followed.data_path));
     }
     if (followed.row >= 0) {
