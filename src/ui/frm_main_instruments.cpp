@@ -42,7 +42,6 @@ void Frm_main::open_clinometer(bool with_memory) {
   if (session_.entry.open) close_record();
   if (session_.entry.open) return;
   guarded([this, with_memory] {
-    const platform::Journal_operation operation(ports_.journal, "クリノメータデータの登録", "Clinometer data");
     Tiltvane_read2 dialog(session_, ports_, this);
     connect(&dialog, &Tiltvane_read2::registry_written, this, &Frm_main::project_changed);
     if (with_memory) dialog.show_memory();

@@ -63,6 +63,23 @@ TEST_F(Registry_writing, TakesThePlacesOfATrack) {
   }
 }
 
+TEST_F(Registry_writing, IsTakenBackAloneAndNotWhatWasSavedBefore) {
+  platform::Journal journal(disk);
+  platform::Journal_files kept(disk, journal);
+  disk.make_folder(folder.text() + "\\state");
+  ASSERT_EQ(journal.open(folder.text() + "\\state", project, folder.text()), platform::Journal_state::kept);
+  put_lines({old_point});
+  show_three();
+  const Data_context with_journal{settings, kept, clock, prompts, &journal};
+  const std::string saved = Command10(with_journal, list, "-7");
+  EXPECT_EQ(Tiltvane_File_Make(with_journal, registry, list, boxes).count, 3);
+  EXPECT_EQ(journal.undo().outcome, platform::Undo_outcome::done);
+  EXPECT_EQ(bytes(), support::lines_932({old_point}));
+  EXPECT_GT(disk.length(tiltvane_folder(folder.text(), saved)), 0);
+  EXPECT_GT(disk.length(folder.text() + "\\RSPORT.dat"), 0);
+  EXPECT_EQ(journal.undo_title(), nullptr);
+}
+
 TEST_F(Registry_writing, CopiesTheFolderAsEachSaveDoes) {
   put_lines({old_point});
   show_three();
