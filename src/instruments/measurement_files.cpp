@@ -55,6 +55,11 @@ bool asked_twice(platform::Prompts& prompts, const std::string& name) {
 
 }  // namespace
 
+std::unique_ptr<platform::Journal_operation> undoable(const Data_context& context, const char* japanese,
+                                                      const char* english) {
+  return context.journal ? std::make_unique<platform::Journal_operation>(*context.journal, japanese, english) : nullptr;
+}
+
 std::string tiltvane_folder(const std::string& program_path, const std::string& name) {
   const std::string folder = platform::join_path(program_path, "Tiltvane");
   return name.empty() ? folder : platform::join_path(folder, name);
@@ -126,6 +131,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
 bool Command1(const Data_context& context, const std::string& FileImage) {
   if (!platform::stays_inside(FileImage) || !asked_twice(context.prompts, FileImage)) return false;
   const std::string path = tiltvane_folder(context.settings.program_path, FileImage);
+  const auto operation = undoable(context, "クリノメータファイルの削除", "Delete clinometer file");
   if (context.files.remove(path)) return true;
   context.prompts.message("削除できません: " + path, "The file can't be deleted: " + path);
   return false;

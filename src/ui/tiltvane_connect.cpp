@@ -279,10 +279,12 @@ void Tiltvane_connect::take_boxes() {
   boxes_.Text1 = from_toolkit(Text1_->text());
 }
 
-// Both timers rest while a procedure works, since it may show a message, during which events go on.
+// Both timers rest while a procedure works, since it may show a message, during which events go on. The label then
+// tells how the talk stands by now.
 void Tiltvane_connect::run(const std::function<bool()>& procedure) {
   Timer1_->stop();
   Timer3_->stop();
+  QTimer::singleShot(0, this, &Tiltvane_connect::show_link);
   bool read = false;
   guarded(ports_.prompts, [&] { read = procedure(); });
   show_link();

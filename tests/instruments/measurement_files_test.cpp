@@ -78,6 +78,18 @@ TEST_F(Measurement_files, DeletesAFileAfterTwoQuestions) {
   EXPECT_EQ(saved_files(files, folder.text()), Texts{});
 }
 
+TEST_F(Measurement_files, TakesADeletionBack) {
+  platform::Journal journal(disk);
+  platform::Journal_files kept(disk, journal);
+  disk.make_folder(folder.text() + "\\state");
+  ASSERT_EQ(journal.open(folder.text() + "\\state", project, folder.text()), platform::Journal_state::kept);
+  put_program("Tiltvane\\a.csv", {support::plane_alone});
+  prompts.answers = {platform::Answer::yes, platform::Answer::yes};
+  EXPECT_TRUE(Command1({settings, kept, clock, prompts, &journal}, "a.csv"));
+  EXPECT_EQ(journal.undo().outcome, platform::Undo_outcome::done);
+  EXPECT_EQ(program_bytes("Tiltvane\\a.csv"), support::lines_932({support::plane_alone}));
+}
+
 TEST_F(Measurement_files, AsksTheTwoQuestionsInEnglish) {
   put_program("Tiltvane\\a.csv", {"x"});
   speak("English");

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -126,6 +127,13 @@ TEST_P(Tiltvane_dialog, IsClippedNowhereAndNamesEveryBox) {
     EXPECT_TRUE(support::nothing_clipped(dialog.get())) << size.width();
   }
   EXPECT_EQ(support::nameless_widgets(*dialog).join(", ").toStdString(), "");
+}
+
+TEST_P(Tiltvane_dialog, FitsOnTheScreenWithItsFrame) {
+  open();
+  const QSize screen = dialog->screen()->availableSize();
+  EXPECT_LE(dialog->height(), screen.height() - 40);
+  EXPECT_LE(dialog->minimumSizeHint().height(), 720 - 30);
 }
 
 TEST_P(Tiltvane_dialog, GoesOnWithTheLastSettings) {
@@ -262,6 +270,34 @@ TEST_P(Tiltvane_dialog, TellsThatASilentInstrumentIsNotThere) {
   EXPECT_THAT(prompts.shown, ElementsAre(not_there().toStdString()));
   EXPECT_EQ(label(), either("Tiltvane未接続", "Tiltvane don't connect"));
   EXPECT_TRUE(find<QPushButton>("start")->isVisible());
+}
+
+// A message that stays open while events go on, as one does on the screen, and what the label says meanwhile.
+struct Open_message : support::Scripted_prompts {
+  std::function<QString()> label;
+  QStringList labels;
+
+ protected:
+  platform::Answer show(Kind kind, const std::string& text) override {
+    QCoreApplication::processEvents();
+    labels << label();
+    return Scripted_prompts::show(kind, text);
+  }
+};
+
+TEST_P(Tiltvane_dialog, SaysUnderTheMessageThatNothingIsConnected) {
+  Open_message open_message;
+  open_message.use_language(GetParam());
+  open_message.label = [this] { return label(); };
+  session::Ports with_message{files,       pictures,      open_message, processes,
+                              other.clock, other.journal, other.sheets, other.sounds};
+  dialog = std::make_unique<ui::Tiltvane_read2>(session, with_message);
+  dialog->show();
+  choose_port(5);
+  hurry();
+  press("start");
+  ASSERT_TRUE(ends());
+  EXPECT_EQ(open_message.labels, QStringList(either("Tiltvane未接続", "Tiltvane don't connect")));
 }
 
 TEST_P(Tiltvane_dialog, TakesACutLineAsItCame) {
