@@ -108,7 +108,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     return {};
   }
   const core::Settings& settings = context.settings;
-  const std::string name =
+  std::string name =
       measurement_file_name(column_of(lines.front(), 1), column_of(lines.back(), 1), context.clock.now());
   const std::string path = tiltvane_folder(settings.program_path, name);
   try {
