@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/language.h"
+#include "core/save_messages.h"
 #include "instruments/tiltvane_line.h"
 #include "observations/record_line.h"
 #include "platform/failures.h"
@@ -116,7 +117,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     context.files.make_folder(tiltvane_folder(settings.program_path));
     context.files.write_whole(path, bytes_to_save(lines, core::is_japanese(settings.language), Text1));
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path);
     return {};
   }
   context.prompts.message(name + "として保存しました。", "Saved Filename is [" + name + "]");
@@ -135,10 +136,6 @@ std::string_view mark_token(std::string_view mark) {
   for (const Mark_name& name : mark_names)
     if (name.mark == mark) return name.token;
   return {};
-}
-
-void write_failed(platform::Prompts& prompts, const std::string& path) {
-  prompts.message("保存できません: " + path, "The file can't be saved: " + path);
 }
 
 }  // namespace instruments
