@@ -4,6 +4,8 @@
 # the memory of both at their peaks where GNU time is there to tell it.
 #   cmake --preset bench && cmake --build --preset bench --target nmea_bench && bench/nmea_peers.sh
 set -euo pipefail
+# shellcheck source=bench/shortest
+source "$(dirname "$0")/shortest"
 program=${1:-$(dirname "$0")/../build/bench/bench/nmea_bench}
 if ! command -v gpsbabel > /dev/null; then
   echo "gpsbabel is missing: install it with 'apt-get install gpsbabel'." >&2
@@ -18,26 +20,14 @@ theirs=$(gpsbabel -t -i nmea -f "$log" -o csv -F - | wc -l)
 ours=$("$program" read "$log")
 [ "$ours" = "$theirs points" ] || { echo "$ours here, $theirs points of gpsbabel" >&2; exit 1; }
 
-# Runs a command and keeps the shortest of its times, in milliseconds, in the variable named first.
-shortest() {
-  local -n best=$1
-  local start
-  shift
-  start=$(date +%s%N)
-  "$@" > /dev/null
-  local took=$((($(date +%s%N) - start) / 1000000))
-  ((took < best)) && best=$took
-  return 0
-}
-
-ours_ms=999999 theirs_ms=999999
+ours_time=99999999 theirs_time=99999999
 for _ in 1 2 3 4 5; do
-  shortest theirs_ms gpsbabel -t -i nmea -f "$log"
-  shortest ours_ms "$program" read "$log"
+  shortest theirs_time gpsbabel -t -i nmea -f "$log"
+  shortest ours_time "$program" read "$log"
 done
 echo "$(($(stat -c %s "$log") / 1000000)) MB, 1,000,000 sentences, $ours from both"
-echo "gpsbabel  $theirs_ms ms"
-echo "read      $ours_ms ms, $(awk "BEGIN { printf \"%.1f\", $theirs_ms / $ours_ms }") times as fast"
+echo "gpsbabel  $((theirs_time / 100)) ms"
+echo "read      $((ours_time / 100)) ms, $(awk "BEGIN { printf \"%.1f\", $theirs_time / $ours_time }") times as fast"
 if [ -x /usr/bin/time ]; then
   echo "peak memory: gpsbabel $(/usr/bin/time -f %M gpsbabel -t -i nmea -f "$log" 2>&1 > /dev/null | tail -1) kB," \
     "read $(/usr/bin/time -f %M "$program" read "$log" 2>&1 > /dev/null | tail -1) kB"

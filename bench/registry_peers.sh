@@ -3,6 +3,8 @@
 # CSV by ogr2ogr (Debian's gdal-bin), in turn, seven times each; prints the best times of whole processes and the ratios.
 #   cmake --preset bench && cmake --build --preset bench --target registry_bench && bench/registry_peers.sh
 set -euo pipefail
+# shellcheck source=bench/shortest
+source "$(dirname "$0")/shortest"
 program=${1:-$(dirname "$0")/../build/bench/bench/registry_bench}
 if ! command -v ogr2ogr > /dev/null; then
   echo "ogr2ogr is missing: install it with 'apt-get install gdal-bin'." >&2
@@ -18,18 +20,6 @@ cmp "$folder/tani.csv" "$folder/ours.csv"
 theirs() {
   rm -f "$folder/theirs.csv"
   ogr2ogr -f CSV "$folder/theirs.csv" "$folder/tani.csv" -oo HEADERS=NO
-}
-
-# Runs a command and keeps the shortest of its times, in hundredths of a millisecond, in the variable named first.
-shortest() {
-  local -n best=$1
-  local start
-  shift
-  start=$(date +%s%N)
-  "$@" > /dev/null
-  local took=$((($(date +%s%N) - start) / 10000))
-  ((took < best)) && best=$took
-  return 0
 }
 
 read_time=9999999 copy_time=9999999 ogr_time=9999999

@@ -10,6 +10,7 @@
 #include "instruments/registry_writing.h"
 #include "observations/registry.h"
 #include "platform/failures.h"
+#include "platform/file_time.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
 #include "platform/prompts.h"
@@ -32,7 +33,7 @@ instruments::Track walk() {
     const platform::Date_time time = instruments::seconds_later(start, i * 30LL);
     track.keys.push_back(instruments::key_of(time));
     track.positions.push_back({13'900'000 + i * 0.25, 3'500'000 + i * 0.5});
-    track.times.push_back(instruments::date_time_text(time));
+    track.times.push_back(platform::date_time_text(time));
   }
   return track;
 }
@@ -40,7 +41,7 @@ instruments::Track walk() {
 // 2008/11/15,012030,3541.1234,N,13945.6789,E: UTC, nine hours before.
 std::string logger_line(int i) {
   const std::string text =
-      instruments::date_time_text(instruments::seconds_later(start, i * 30LL - 9 * 60 * 60));  // yyyy/mm/dd hh:mm:ss
+      platform::date_time_text(instruments::seconds_later(start, i * 30LL - 9 * 60 * 60));  // yyyy/mm/dd hh:mm:ss
   const std::string minutes = platform::format_number(i % 5999 / 100.0, "00.00");
   return text.substr(0, 10) + "," + text.substr(11, 2) + text.substr(14, 2) + text.substr(17, 2) + ",35" + minutes +
          ",N,139" + minutes + ",E\r\n";
@@ -59,7 +60,7 @@ std::vector<instruments::Measurement> measurements() {
     one.number = number(i + 1);
     one.strike = "N15W";
     one.dip = "30E";
-    one.time = instruments::date_time_text(instruments::seconds_later(start, (points - measured + i) * 30LL + 14));
+    one.time = platform::date_time_text(instruments::seconds_later(start, (points - measured + i) * 30LL + 14));
     one.position = {13'800'000 + i * 0.5, 3'400'000.0};
     list.push_back(one);
   }

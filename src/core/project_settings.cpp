@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/project_folders.h"
+#include "core/save_messages.h"
 #include "core/settei.h"
 #include "platform/code_page_932.h"
 #include "platform/failures.h"
@@ -27,11 +28,7 @@ constexpr Message where_registries_are = {"地点登録ファイルは,[地形�
 
 // False, with the characters named, when a text holds some that the files' code page doesn't have.
 bool can_be_stored(const std::string& text, Prompts& prompts) {
-  const std::string unknown = platform::characters_without_code(text);
-  if (unknown.empty()) return true;
-  prompts.message("次の文字は保存できません。書き換えて下さい: " + unknown,
-                  "These characters can't be stored, please replace them: " + unknown);
-  return false;
+  return !unknown_characters(prompts, platform::characters_without_code(text));
 }
 
 void folder_failed(const std::string& path, Prompts& prompts) {

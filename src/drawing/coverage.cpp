@@ -41,8 +41,11 @@ void add_in_row(Coverage& coverage, int row, double a, double b, double height) 
   }
 }
 
+// Flatter than this an edge covers nothing that would be seen, and its slope could be infinite.
+constexpr double least_height = 1e-9;
+
 void add_edge(Coverage& coverage, Point from, Point to) {
-  if (from.y == to.y) return;
+  if (std::abs(from.y - to.y) < least_height) return;
   const double direction = from.y < to.y ? 1 : -1;
   if (direction < 0) std::swap(from, to);
   const double slope = (to.x - from.x) / (to.y - from.y);
@@ -80,8 +83,9 @@ void blend_row(std::uint32_t* pixels, const std::uint8_t* alpha, int count, std:
   for (int i = 0; i < count; ++i) pixels[i] = blended(pixels[i], colour, alpha[i]);
 }
 
+// Rounded: in halves of a level, one half up, then cut.
 std::uint64_t alpha_of(float area) {
-  return static_cast<std::uint64_t>(std::min(std::abs(area), 1.0F) * 255 + 0.5F);
+  return static_cast<std::uint64_t>(std::min(std::abs(area), 1.0F) * 510 + 1) / 2;
 }
 
 constexpr int run = 8;
@@ -101,20 +105,21 @@ void blend_run(std::uint32_t* pixels, int count, std::uint64_t colour, std::uint
   }
 }
 
-// Blends cells `first` to `last` of a row; `pixels` is where cell 0 lies, and cells outside of `begin` to `end` have no
-// pixel.
-void blend_cells(const float* cells, const Coverage::Touched& touched, std::uint32_t* pixels, int begin, int end,
-                 std::uint64_t colour) {
+// Blends the touched cells of a row, cell 0 lying over pixel `left` of `pixels`; only those from clip.x0 to
+// clip.x1 are there.
+void blend_cells(const float* cells, const Coverage::Touched& touched, std::uint32_t* pixels, int left,
+                 const Pixel_range& clip, std::uint64_t colour) {
+  const int begin = clip.x0 - left, end = clip.x1 - left;
   float area = 0;
   for (int cell = touched.first; cell <= touched.last && cell < end;) {
     if (cells[cell] == 0 && cell >= begin && cell + run <= end && cell + run <= touched.last &&
         is_run_without_edge(cells + cell)) {
-      blend_run(pixels + cell, run, colour, alpha_of(area));
+      blend_run(pixels + (left + cell), run, colour, alpha_of(area));
       cell += run;
       continue;
     }
     area += cells[cell];
-    if (cell >= begin) pixels[cell] = blended(pixels[cell], colour, alpha_of(area));
+    if (cell >= begin) pixels[left + cell] = blended(pixels[left + cell], colour, alpha_of(area));
     ++cell;
   }
 }
@@ -133,6 +138,7 @@ void cover_begin(Coverage& coverage, const Rect& bounds) {
 }
 
 void cover_fetch(const Coverage& coverage, const Raster& raster, const Pixel_range& clip) {
+  if (clip.x0 >= clip.x1) return;
   const int x = std::clamp(coverage.left, clip.x0, clip.x1 - 1);
   const int last = std::min(coverage.top + coverage.height, clip.y1);
   for (int y = std::max(coverage.top, clip.y0); y < last; ++y)
@@ -141,9 +147,10 @@ void cover_fetch(const Coverage& coverage, const Raster& raster, const Pixel_ran
 
 void cover_ring(Coverage& coverage, std::span<const Point> ring) {
   if (ring.empty()) return;
+  // Nothing leaves the cells: what isn't a number comes to 0, which clamp would let through.
+  const auto within = [](double at, int size) { return std::min(std::max(0.0, at), static_cast<double>(size)); };
   const auto placed = [&](Point point) {
-    return Point{std::clamp(point.x - coverage.left, 0.0, static_cast<double>(coverage.width)),
-                 std::clamp(point.y - coverage.top, 0.0, static_cast<double>(coverage.height))};
+    return Point{within(point.x - coverage.left, coverage.width), within(point.y - coverage.top, coverage.height)};
   };
   Point last = placed(ring.back());
   for (const Point point : ring) {
@@ -161,8 +168,8 @@ void cover_blend(Coverage& coverage, const Raster& raster, const Pixel_range& cl
     float* const cells = row_of(coverage, row);
     const int y = coverage.top + row;
     if (y >= clip.y0 && y < clip.y1)
-      blend_cells(cells, touched, raster.pixels + static_cast<std::ptrdiff_t>(y) * raster.stride + coverage.left,
-                  clip.x0 - coverage.left, clip.x1 - coverage.left, channels);
+      blend_cells(cells, touched, raster.pixels + static_cast<std::ptrdiff_t>(y) * raster.stride, coverage.left, clip,
+                  channels);
     std::fill(cells + touched.first, cells + touched.last + 1, 0.0F);
   }
 }
@@ -173,12 +180,12 @@ void mask_blend(const Mask& mask, int x, int y, const Raster& raster, const Pixe
   const int last_row = std::min(clip.y1 - top, mask.height);
   if (first >= end) return;
   for (int row = std::max(clip.y0 - top, 0); row < last_row; ++row)
-    fetch_ahead(raster.pixels + static_cast<std::ptrdiff_t>(top + row) * raster.stride + left + first);
+    fetch_ahead(raster.pixels + static_cast<std::ptrdiff_t>(top + row) * raster.stride + (left + first));
   const std::uint64_t channels = spread(opaque | colour);
   for (int row = std::max(clip.y0 - top, 0); row < last_row; ++row) {
     const std::uint8_t* const alpha = mask.alpha.data() + static_cast<std::ptrdiff_t>(row) * mask.width;
-    std::uint32_t* const pixels = raster.pixels + static_cast<std::ptrdiff_t>(top + row) * raster.stride + left;
-    blend_row(pixels + first, alpha + first, end - first, channels);
+    std::uint32_t* const pixels = raster.pixels + static_cast<std::ptrdiff_t>(top + row) * raster.stride;
+    blend_row(pixels + (left + first), alpha + first, end - first, channels);
   }
 }
 

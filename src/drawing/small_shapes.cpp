@@ -74,17 +74,21 @@ Point between(Point a, Point b) {
   return {b.x - a.x, b.y - a.y};
 }
 
-// 1 or -1: the direction in which a convex polygon goes round. 0 for any other.
+// 1 or -1: the direction in which a convex polygon goes round. 0 for any other: one that bends both ways, runs straight
+// on at a corner, has a corner that isn't a number, or goes round more than once as a star does (its edges then turn
+// from up to down more than once).
 int turn_of(std::span<const Point> corners) {
   const std::size_t n = corners.size();
-  int turn = 0;
+  int turn = 0, turns_down = 0;
   for (std::size_t i = 0; i < n; ++i) {
-    const double bend =
-        cross(between(corners[i], corners[(i + 1) % n]), between(corners[(i + 1) % n], corners[(i + 2) % n]));
-    if (bend == 0 || (turn != 0 && (bend > 0) != (turn > 0))) return 0;
+    const Point edge = between(corners[i], corners[(i + 1) % n]);
+    const Point next = between(corners[(i + 1) % n], corners[(i + 2) % n]);
+    const double bend = cross(edge, next);
+    if (!std::isnormal(bend) || (turn != 0 && (bend > 0) != (turn > 0))) return 0;
     turn = bend > 0 ? 1 : -1;
+    if (edge.y < 0 && next.y >= 0) ++turns_down;
   }
-  return turn;
+  return turns_down == 1 ? turn : 0;
 }
 
 Point outward(Point from, Point to, int turn) {
@@ -128,7 +132,7 @@ void outline_rings(Small_shapes& shapes, std::span<const Point> corners, int tur
 bool small_line(Small_shapes& shapes, Point from, Point to, double width, Colour colour) {
   const Point along = between(from, to);
   const double length = std::hypot(along.x, along.y);
-  if (!(length > 0) || length > small_shape_limit) return false;
+  if (!(length > 0) || length > small_shape_limit || !(width > 0)) return false;
   const std::array<Point, 2> ends{from, to};
   const Rect box = widened(bounds_of(ends), width);
   if (is_small(box) && !is_in(shapes.clip, box)) return true;
@@ -143,7 +147,7 @@ bool small_line(Small_shapes& shapes, Point from, Point to, double width, Colour
 }
 
 bool small_circle(Small_shapes& shapes, Point centre, double radius, double width, Colour colour, bool filled) {
-  if (!(radius > 0) || radius + width / 2 > small_shape_limit / 2) return false;
+  if (!(radius > 0) || !(width > 0) || radius + width / 2 > small_shape_limit / 2) return false;
   const Rect box = widened({centre.x, centre.y, 0, 0}, radius + width);
   if (is_small(box) && !is_in(shapes.clip, box)) return true;
   circle_ring(shapes.outer, centre, radius + width / 2, false);
@@ -154,7 +158,7 @@ bool small_circle(Small_shapes& shapes, Point centre, double radius, double widt
 
 bool small_polygon(Small_shapes& shapes, std::span<const Point> corners, double width, Colour colour, bool filled) {
   constexpr std::size_t most_corners = 8;
-  if (corners.size() < 3 || corners.size() > most_corners) return false;
+  if (corners.size() < 3 || corners.size() > most_corners || !(width > 0)) return false;
   const int turn = turn_of(corners);
   if (turn == 0) return false;
   const Rect box = widened(bounds_of(corners), width);

@@ -21,7 +21,7 @@ struct Small_shapes {
 };
 
 // Each draws in device pixels and gives false, with nothing drawn, for what it isn't made for: a shape too large, a
-// line without length, a polygon that isn't convex. A filled shape has the pen's colour inside.
+// line without length, a polygon that isn't convex, a pen without width. A filled shape has the pen's colour inside.
 bool small_line(Small_shapes& shapes, Point from, Point to, double width, Colour colour);
 bool small_circle(Small_shapes& shapes, Point centre, double radius, double width, Colour colour, bool filled);
 bool small_polygon(Small_shapes& shapes, std::span<const Point> corners, double width, Colour colour, bool filled);

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/language.h"
+#include "core/save_messages.h"
 #include "instruments/tiltvane_line.h"
 #include "observations/record_line.h"
 #include "platform/failures.h"
@@ -113,7 +114,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     return {};
   }
   const core::Settings& settings = context.settings;
-  const std::string name =
+  std::string name =
       measurement_file_name(column_of(lines.front(), 1), column_of(lines.back(), 1), context.clock.now());
   const std::string path = tiltvane_folder(settings.program_path, name);
   try {
@@ -121,7 +122,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     context.files.make_folder(tiltvane_folder(settings.program_path));
     context.files.write_whole(path, bytes_to_save(lines, core::is_japanese(settings.language), Text1));
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path);
     return {};
   }
   context.prompts.message(name + "として保存しました。", "Saved Filename is [" + name + "]");
@@ -141,10 +142,6 @@ std::string_view mark_token(std::string_view mark) {
   for (const Mark_name& name : mark_names)
     if (name.mark == mark) return name.token;
   return {};
-}
-
-void write_failed(platform::Prompts& prompts, const std::string& path) {
-  prompts.message("保存できません: " + path, "The file can't be saved: " + path);
 }
 
 }  // namespace instruments

@@ -77,7 +77,4 @@ bool Command1(const Data_context& context, const std::string& FileImage);
 // The marks that a measurement can bear and their names: "＋" is "Cross". Empty for any other text.
 std::string_view mark_token(std::string_view mark);
 
-// Tells that a file couldn't be written.
-void write_failed(platform::Prompts& prompts, const std::string& path);
-
 }  // namespace instruments

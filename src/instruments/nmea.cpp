@@ -4,10 +4,13 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/digits.h"
 #include "platform/numbers.h"
 
 namespace instruments {
 namespace {
+
+using platform::is_digit;
 
 constexpr std::size_t latitude_degrees = 2, longitude_degrees = 3;  // characters
 constexpr std::size_t log_decimals = 5;
@@ -17,10 +20,6 @@ double angle_seconds(std::string_view field, std::size_t degree_characters) {
   const std::string_view minutes = field.size() > degree_characters ? field.substr(degree_characters) : "";
   const double seconds = platform::val(field.substr(0, degree_characters)) * 3600 + platform::val(minutes) * 60;
   return std::isfinite(seconds) ? seconds : 0;
-}
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 // Digits of degrees, two digits of minutes below 60, and perhaps a point with decimals.

@@ -6,6 +6,8 @@
 #include <cstdlib>
 
 #include "observations/record_line.h"
+#include "platform/digits.h"
+#include "platform/file_time.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
 
@@ -14,6 +16,7 @@ namespace {
 
 using observations::column_of;
 using platform::Date_time;
+using platform::is_digit;
 using platform::val;
 
 constexpr long long seconds_a_day = 24 * 60 * 60;
@@ -23,10 +26,6 @@ constexpr double farthest = 999'999'999;     // units; a number beyond it is no 
 constexpr const char* position_form = "######0.#0";
 // Day 0 of all keys. Only differences count.
 constexpr int first_year = 1899, first_month = 12, first_day = 30;
-
-bool is_digit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
 
 // A number of at most four digits; none for anything else.
 std::optional<int> digits_of(std::string_view text) {
@@ -109,7 +108,7 @@ void add(Track& track, const Date_time& time, geodesy::Point position) {
   if (!is_place(position)) return;
   track.keys.push_back(key_of(time));
   track.positions.push_back(rounded_position(position));
-  track.times.push_back(date_time_text(time));
+  track.times.push_back(platform::date_time_text(time));
 }
 
 // 2008/11/15,012030,3541.1234,N,13945.6789,E,...
@@ -145,12 +144,6 @@ std::optional<Date_time> date_time_of(std::string_view text) {
   if (!parts || !date_to(time, std::string_view(trimmed).substr(0, blank))) return {};
   time_to(time, *parts);
   return exists(time) ? std::optional(time) : std::nullopt;
-}
-
-std::string date_time_text(const Date_time& time) {
-  const auto two = [](int number) { return platform::format_number(number, "00"); };
-  return platform::format_number(time.year, "0000") + "/" + two(time.month) + "/" + two(time.day) + " " +
-         two(time.hour) + ":" + two(time.minute) + ":" + two(time.second);
 }
 
 Date_time seconds_later(const Date_time& time, long long seconds) {

@@ -28,8 +28,6 @@ struct Track {
 // "2008/11/15 10:20:30" in numbers, with "-" for "/" too; a year of two digits is of this century, seconds may be
 // missing. None for a date or a time of day that doesn't exist.
 std::optional<platform::Date_time> date_time_of(std::string_view text);
-// "yyyy/mm/dd hh:mm:ss".
-std::string date_time_text(const platform::Date_time& time);
 // So many seconds later, or earlier for a negative number; the date follows.
 platform::Date_time seconds_later(const platform::Date_time& time, long long seconds);
 // The day's number times the seconds of a day, and the second of the day.

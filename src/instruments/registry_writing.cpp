@@ -9,6 +9,7 @@
 
 #include "core/language.h"
 #include "core/project_folders.h"
+#include "core/save_messages.h"
 #include "core/settings_files.h"
 #include "instruments/tiltvane_line.h"
 #include "instruments/track_log.h"
@@ -177,8 +178,7 @@ bool refused(const Data_context& context, Registry& registry, const std::string&
   }
   observations::chisoumen_read(registry, context.files, 1, {path});
   if (registry.complete) return false;
-  context.prompts.message("地点登録ファイルの全体を読み込めていないため、保存しません: " + path,
-                          "The file was not read as a whole, so it is left as it is: " + path);
+  core::read_in_part(context.prompts, path);
   return true;
 }
 
@@ -187,7 +187,7 @@ void keep_boxes(const Data_context& context, const Tiltvane_boxes& boxes) {
   try {
     core::rsport_w(context.files, context.settings.program_path, boxes);
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, platform::join_path(context.settings.program_path, "RSPORT.dat"));
+    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "RSPORT.dat"));
   }
 }
 
@@ -207,7 +207,7 @@ bool write(const Data_context& context, Registry& registry, const Before& before
     context.files.write_whole(path, observations::registry_bytes(registry));
   } catch (const platform::File_failure&) {
     put_back(registry, before);
-    write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path);
     return false;
   }
   observations::registry_backup(context.files, context.settings.project_path);

@@ -6,18 +6,17 @@
 #include "instruments/gps_tick.h"
 #include "instruments/nmea.h"
 #include "platform/code_page_932.h"
+#include "platform/digits.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
 
 namespace instruments {
 namespace {
 
+using platform::two_digits;
+
 constexpr int shortest_interval = 1000;  // milliseconds; a receiver speaks once a second
 constexpr double bits_per_byte = 10;     // with the start and the stop bit of 8N1
-
-std::string two_digits(int number) {
-  return platform::format_number(number, "00");
-}
 
 }  // namespace
 

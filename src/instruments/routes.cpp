@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "instruments/nmea.h"
-#include "platform/failures.h"
+#include "platform/content.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
 
@@ -20,15 +20,6 @@ constexpr double seconds_per_degree = 3600;
 constexpr double route_pen = 1;      // logical pixels
 constexpr double beyond_edge = 20;   // canvas units that a cut line reaches over the edge of the canvas
 constexpr double unseen_step = 0.5;  // canvas units; a shorter step adds nothing to a line
-
-std::string content_of(platform::Files& files, const std::string& path) {
-  if (files.length(path) == 0) return {};
-  try {
-    return files.read_bytes(path);
-  } catch (const platform::File_failure&) {
-    return {};  // counts as missing: the route isn't drawn
-  }
-}
 
 // What is beyond every number counts as 0, as what is none.
 double units(double seconds) {
@@ -58,7 +49,7 @@ std::optional<Route_point> log_point(std::string_view line, Nmea& fields) {
 
 template <typename Point_of>
 std::vector<Route_point> points_of(platform::Files& files, const std::string& path, int limit, Point_of point_of) {
-  const std::string content = content_of(files, path);
+  const std::string content = platform::content_or_nothing(files, path);
   std::vector<Route_point> points;
   Nmea fields;
   for (std::string_view rest = content; !rest.empty() && points.size() < static_cast<std::size_t>(limit);)

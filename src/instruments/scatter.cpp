@@ -142,6 +142,7 @@ Axis axis_of(const Direction& direction) {
 std::optional<Scatter> scatter_of(const std::vector<Plane>& planes) {
   if (planes.empty()) return {};
   std::vector<Direction> poles;
+  poles.reserve(planes.size());
   for (const Plane& plane : planes) poles.push_back(direction_of(pole_of(plane)));
   const Common_axis common = common_axis(tensor_of(poles));
   const Direction sum = sum_along(poles, common.direction);
@@ -165,6 +166,7 @@ Measured measured_of(std::string_view line, double declination) {
 
 std::vector<Measured> measured_of(const std::vector<std::string>& lines, double declination) {
   std::vector<Measured> measured;
+  measured.reserve(lines.size());
   for (const std::string& line : lines) measured.push_back(measured_of(line, declination));
   return measured;
 }

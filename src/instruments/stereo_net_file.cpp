@@ -1,6 +1,7 @@
 #include "instruments/stereo_net_file.h"
 
 #include "core/language.h"
+#include "core/save_messages.h"
 #include "instruments/tiltvane_line.h"
 #include "observations/clinometer_notation.h"
 #include "observations/declination.h"
@@ -97,7 +98,7 @@ void keep_declination(const Data_context& context, const std::string& Text1) {
   try {
     observations::henkaku_w(context.files, context.settings.program_path, Text1);
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"));
+    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"));
   }
 }
 
@@ -138,7 +139,7 @@ bool Command9(const Data_context& context, const Measurement_list& list, const S
   try {
     count = write(context, list, choice, path);
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path);
     return false;
   }
   if (count == 0) {

@@ -6,6 +6,7 @@
 
 #include "drawing/text_split.h"
 #include "observations/clinometer_notation.h"
+#include "platform/digits.h"
 #include "platform/numbers.h"
 #include "platform/utf8.h"
 
@@ -14,6 +15,7 @@ namespace {
 
 namespace clinometer = observations::clinometer;
 using platform::trim_text;
+using platform::two_digits;
 using platform::val;
 
 constexpr const char* header_japanese =
@@ -119,10 +121,6 @@ std::string turned_line(Columns& columns, const std::string& declination) {
   columns[11] = "0";
   columns.last = std::max(columns.last, file_columns);
   return joined(columns, declination);
-}
-
-std::string two_digits(int value) {
-  return platform::format_number(value, "00");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "instruments/tiltvane_line.h"
 #include "platform/code_page_932.h"
+#include "platform/content.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
@@ -151,15 +152,6 @@ void make_table(Tiltvane_link& link, std::string_view log, const Tiltvane_boxes&
 
 // ---- the log
 
-std::string bytes_of(platform::Files& files, const std::string& path) {
-  if (files.length(path) == 0) return {};
-  try {
-    return files.read_bytes(path);
-  } catch (const platform::File_failure&) {
-    return {};  // a log that can't be read offers nothing
-  }
-}
-
 // The last log is kept under another name, so that a download that brings nothing doesn't cost the one before.
 void empty_log(const Link_ports& ports) {
   const std::string path = join_path(ports.program_path, log_name);
@@ -174,7 +166,7 @@ std::string_view whole_lines(std::string_view bytes) {
 // Whether a log holds what no table was made of.
 bool is_unread(const std::string& log, platform::Files& files, const std::string& program_path) {
   if (log.find(end_word) != std::string::npos) return files.length(join_path(program_path, table_name)) == 0;
-  return whole_lines(log) != bytes_of(files, join_path(program_path, answer_name));
+  return whole_lines(log) != platform::content_or_nothing(files, join_path(program_path, answer_name));
 }
 
 }  // namespace
@@ -247,7 +239,7 @@ void Command50(Tiltvane_link& link, platform::Serial_port& serial) {
 Broken_download broken_download(platform::Files& files, const std::string& program_path) {
   std::string path = join_path(program_path, log_name);
   if (files.length(path) == 0) path = join_path(program_path, earlier_log_name);
-  const std::string log = bytes_of(files, path);
+  const std::string log = platform::content_or_nothing(files, path);
   const std::string_view whole = whole_lines(log);
   const std::size_t records = records_of(whole).size();
   if (records == 0 || !is_unread(log, files, program_path)) return {};

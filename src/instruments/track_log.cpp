@@ -2,8 +2,10 @@
 
 #include <optional>
 
+#include "core/save_messages.h"
 #include "instruments/position_tracks.h"
 #include "observations/record_line.h"
+#include "platform/digits.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
@@ -12,14 +14,11 @@ namespace instruments {
 namespace {
 
 using observations::column_of;
+using platform::two_digits;
 
 constexpr const char* first_line = "@Sonygps/ver1.0/wgs-84";
 constexpr long long japan_seconds = 9 * 60 * 60;
 constexpr std::size_t fraction_digits = 5;
-
-std::string two_digits(int number) {
-  return platform::format_number(number, "00");
-}
 
 std::string trimmed_column(std::string_view line, int column) {
   return platform::trim_text(column_of(line, column));
@@ -70,7 +69,7 @@ bool Command16(const Data_context& context, const Measurement_list& list, const 
   try {
     context.files.write_whole(path, writer.bytes());
   } catch (const platform::File_failure&) {
-    write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path);
     return false;
   }
   return true;

@@ -6,6 +6,7 @@
 
 #include "core/choice_lists.h"
 #include "core/project_folders.h"
+#include "core/save_messages.h"
 #include "observations/link.h"
 #include "observations/point_file.h"
 #include "observations/record_line.h"
@@ -37,7 +38,8 @@ void number_all(Edit_context context, std::vector<Record>& records) {
   for (Record& record : records) {
     const std::string padded = "000" + platform::number_text(highest + 1);
     const std::string shown = padded.substr(padded.size() - counter_digits);
-    record.touroku_no = prefix + "-" + shown;
+    record.touroku_no = prefix;
+    record.touroku_no.append("-").append(shown);
     highest = std::max(highest, platform::val(shown));
   }
 }
@@ -100,8 +102,7 @@ bool read_whole(Edit_context context, Registry& registry, const std::string& pat
     // The table is marked incomplete; the message below tells.
   }
   if (registry.complete) return true;
-  context.prompts.message("地点登録ファイルの全体を読み込めていないため、保存しません: " + path,
-                          "The file was not read as a whole, so it is left as it is: " + path);
+  core::read_in_part(context.prompts, path);
   return false;
 }
 
@@ -144,7 +145,7 @@ bool append_all(Edit_context context, Registry& registry, std::vector<Record>& r
     context.files.write_whole(path, registry_bytes(registry));
   } catch (const platform::File_failure&) {
     for (; registry.N > old_count; --registry.N) registry.rows[registry.N] = Record{};
-    context.prompts.message("保存できません: " + path, "The file can't be saved: " + path);
+    core::write_failed(context.prompts, path);
     return false;
   }
   registry.file = path;

@@ -4,12 +4,14 @@
 #include <set>
 #include <utility>
 
+#include "core/save_messages.h"
 #include "core/settings_files.h"
 #include "drawing/picture_files.h"
 #include "observations/exif_orientation.h"
 #include "observations/memo.h"
 #include "observations/record_line.h"
 #include "observations/shell_file.h"
+#include "platform/content.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/path_keys.h"
@@ -40,17 +42,8 @@ int turned(int quarter_turns, int by) {
   return ((quarter_turns + by) % 4 + 4) % 4;
 }
 
-std::string bytes_of(platform::Files& files, const std::string& path) {
-  if (files.length(path) == 0) return {};
-  try {
-    return files.read_bytes(path);
-  } catch (const platform::File_failure&) {
-    return {};  // an unreadable picture is no picture
-  }
-}
-
 Picture read_picture(Picture_context context, const std::string& path, int quarter_turns) {
-  Picture picture = context.pictures.decode(bytes_of(context.files, path)).picture;
+  Picture picture = context.pictures.decode(platform::content_or_nothing(context.files, path)).picture;
   if (picture.empty() || quarter_turns == 0) return picture;
   return context.pictures.rotate_quarter(picture, quarter_turns);
 }
@@ -80,7 +73,7 @@ Taken take(Picture_context context, Picture_boxes& boxes, std::size_t place) {
     sound_out(context, path);
     return Taken::sound;
   }
-  boxes.places[place] = {path, exif_quarter_turns(bytes_of(context.files, path))};
+  boxes.places[place] = {path, exif_quarter_turns(platform::content_or_nothing(context.files, path))};
   return Taken::picture;
 }
 
@@ -92,12 +85,8 @@ bool name_refused(platform::Prompts& prompts, const std::string& name) {
     case Name_fault::empty:
       prompts.message(name_required);
       return true;
-    case Name_fault::no_code: {
-      const std::string unknown = platform::characters_without_code(name);
-      prompts.message("次の文字は保存できません。書き換えて下さい: " + unknown,
-                      "These characters can't be stored, please replace them: " + unknown);
-      return true;
-    }
+    case Name_fault::no_code:
+      return core::unknown_characters(prompts, platform::characters_without_code(name));
     default:
       prompts.message("地点名称に使えない名前です: " + name, "This can't be the name of a point: " + name);
       return true;

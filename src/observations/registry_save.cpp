@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/project_folders.h"
+#include "core/save_messages.h"
 #include "observations/memo.h"
 #include "observations/record_line.h"
 #include "platform/failures.h"
@@ -28,15 +29,7 @@ constexpr Message memo_needs_number{"メモの保存には、ファイル名に�
                                     "A memo needs a registration number that can be a file's name."};
 
 bool characters_told(const Entry_boxes& boxes, const Record& stored, const std::string& memo, Prompts& prompts) {
-  const std::string unknown = characters_not_stored(boxes, stored, memo);
-  if (unknown.empty()) return false;
-  prompts.message("次の文字は保存できません。書き換えて下さい: " + unknown,
-                  "These characters can't be stored, please replace them: " + unknown);
-  return true;
-}
-
-void write_failed(const std::string& path, Prompts& prompts) {
-  prompts.message("保存できません: " + path, "The file can't be saved: " + path);
+  return core::unknown_characters(prompts, characters_not_stored(boxes, stored, memo));
 }
 
 // Whether the table is all that the file holds. One that was never read stands for a file that isn't there.
@@ -73,8 +66,7 @@ bool refused(Edit_context context, const Entry& entry, const Registry& registry,
     context.prompts.message("地点登録ファイルが変更されていたため、保存しません: " + path,
                             "The file was changed meanwhile, so nothing was saved: " + path);
   else if (!is_whole(registry, context.files, path))
-    context.prompts.message("地点登録ファイルの全体を読み込めていないため、保存しません: " + path,
-                            "The file was not read as a whole, so it is left as it is: " + path);
+    core::read_in_part(context.prompts, path);
   else
     return characters_told(entry.boxes, record_before(entry, registry), entry.stored_memo, context.prompts);
   return true;
@@ -91,7 +83,7 @@ bool write_table(Edit_context context, Registry& registry, int number, const Rec
   } catch (const platform::File_failure&) {
     registry.rows[number] = old;
     registry.N = old_count;
-    write_failed(path, context.prompts);
+    core::write_failed(context.prompts, path);
     return false;
   }
   return true;
@@ -111,7 +103,7 @@ bool write_memo(Edit_context context, const Entry& entry) {
   try {
     memo_write(context.files, context.settings.project_path, path, entry.boxes.memo);
   } catch (const platform::File_failure&) {
-    write_failed(path, context.prompts);
+    core::write_failed(context.prompts, path);
     return false;
   }
   return true;
@@ -182,7 +174,7 @@ bool surface_add(Edit_context context, const Entry& entry) {
   try {
     context.files.write_whole(path, with_record(lines_to_keep(context.files, path), short_record(entry.boxes)));
   } catch (const platform::File_failure&) {
-    write_failed(path, context.prompts);
+    core::write_failed(context.prompts, path);
     return false;
   }
   const std::string done = name + "面に書き込みました。";

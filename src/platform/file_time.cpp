@@ -2,6 +2,7 @@
 
 #include <ctime>
 
+#include "platform/digits.h"
 #include "platform/numbers.h"
 
 namespace platform {
@@ -20,9 +21,8 @@ Date_time local_time(std::int64_t milliseconds) {
 }
 
 std::string date_time_text(const Date_time& time) {
-  const auto two = [](int number) { return format_number(number, "00"); };
-  return format_number(time.year, "0000") + "/" + two(time.month) + "/" + two(time.day) + " " + two(time.hour) + ":" +
-         two(time.minute) + ":" + two(time.second);
+  return format_number(time.year, "0000") + "/" + two_digits(time.month) + "/" + two_digits(time.day) + " " +
+         two_digits(time.hour) + ":" + two_digits(time.minute) + ":" + two_digits(time.second);
 }
 
 }  // namespace platform

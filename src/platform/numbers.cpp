@@ -6,14 +6,11 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/digits.h"
 #include "platform/failures.h"
 
 namespace platform {
 namespace {
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // Walks over a text and steps over the blanks.
 struct Scan {

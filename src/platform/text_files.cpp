@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/failures.h"
+#include "platform/content.h"
 #include "platform/numbers.h"
 #include "platform/text_case.h"
 
@@ -10,15 +10,6 @@ namespace platform {
 namespace {
 
 constexpr char end_of_text = '\x1a';
-
-std::string content_or_nothing(Files& files, const std::string& path) {
-  if (files.length(path) == 0) return {};
-  try {
-    return files.read_bytes(path);
-  } catch (const File_failure&) {
-    return {};  // an unreadable file counts as a missing one
-  }
-}
 
 // Where the next `byte` stands from `at` on; keeps the place it found last, so that a text is gone through once.
 struct Next_byte {

@@ -7,6 +7,7 @@
 #include "observations/marks.h"
 #include "observations/record_line.h"
 #include "observations/true_north.h"
+#include "platform/digits.h"
 #include "platform/numbers.h"
 #include "platform/text_case.h"
 
@@ -17,6 +18,7 @@ namespace {
 using observations::Correction;
 using observations::Reading;
 using observations::Record;
+using platform::is_digit;
 
 constexpr double units_per_degree = 100'000;
 constexpr int lineation = 2;  // place of 線構造 among the measured objects
@@ -183,10 +185,6 @@ Sort_key sort_key(const Listed& listed, int touroku, int column, bool japanese) 
 template <typename T>
 int order_of(const T& a, const T& b) {
   return a < b ? -1 : a > b ? 1 : 0;
-}
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 // Takes the digits that stand at the front of a text off it and gives them without their zeros in front.

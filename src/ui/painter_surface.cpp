@@ -131,7 +131,7 @@ void Painter_surface::circle(drawing::Point centre, double radius, const drawing
 void Painter_surface::text(drawing::Point at, const std::string& text, const drawing::Font& font,
                            drawing::Colour colour, int tenths) {
   const int pixels = std::max(1, qRound(font.height * unit_));
-  if (tenths == 0 && pixels <= mask_height_limit) {
+  if (tenths == 0 && pixels <= mask_height_limit && text.size() <= mask_text_limit) {
     text_out(masks_of(masks_, font, pixels), to_device(at), text, colour, small_.raster, small_.clip);
     return;
   }

@@ -19,6 +19,9 @@ namespace ui {
 // Texts of more pixels than these are painted by the toolkit: large masks would fill the memory.
 inline constexpr int mask_height_limit = 64;
 
+// So are texts of more bytes.
+inline constexpr std::size_t mask_text_limit = 400;
+
 // The toolkit sets glyphs at quarters of a pixel; a text has one mask for each.
 inline constexpr int mask_phases = 4;
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "observations/exif_orientation.h"
-#include "platform/failures.h"
+#include "platform/content.h"
 #include "platform/pictures.h"
 #include "platform/qt/picture_bytes.h"
 
@@ -20,14 +20,6 @@ constexpr int most_in_work = 2;
 QSize measure_of(const QImageReader& reader, const std::string& bytes) {
   if (const auto measure = platform::bmp_measure(bytes)) return {measure->width, measure->height};
   return reader.size();
-}
-
-std::string bytes_of(platform::Files& files, const std::string& path) {
-  try {
-    return files.length(path) == 0 ? std::string() : files.read_bytes(path);
-  } catch (const platform::File_failure&) {
-    return {};  // shows as no picture
-  }
 }
 
 }  // namespace
@@ -81,7 +73,7 @@ void Thumbnails::step() {
   const Wish wish = std::move(wishes_.front());
   wishes_.pop_front();
   ++in_work_;
-  pool_.start([this, wish, bytes = bytes_of(files_, wish.path)] {
+  pool_.start([this, wish, bytes = platform::content_or_nothing(files_, wish.path)] {
     const QImage image = thumbnail_of(bytes, wish.quarter_turns, wish.longest);
     QMetaObject::invokeMethod(
         this, [this, ticket = wish.ticket, image] { made(ticket, image); }, Qt::QueuedConnection);

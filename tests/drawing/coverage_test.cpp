@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -116,6 +117,15 @@ TEST(Coverage, OnlyTheClipIsTouchedAndThereAllIsAsWithoutIt) {
   for (int y = 0; y < 40; ++y)
     for (int x = 0; x < 40; ++x)
       EXPECT_EQ(part.ink(x, y), x >= 9 && x < 31 && y >= 5 && y < 22 ? whole.ink(x, y) : 0) << x << " " << y;
+}
+
+// The second ring is next to flat: its slope alone would be infinite. The third has no number in it.
+TEST(Coverage, RingsOutsideOfTheBoundsOrWithoutHeightAreCutToThem) {
+  const double nan = std::nan("");
+  Pixel_target target(4, 4);
+  fill(target, {rectangle(2, 2, 90, 90), {{0, 0}, {3, 1e-320}, {3, 0}}, {{nan, nan}, {0, 0}, {nan, 0}}});
+  for (int y = 0; y < 4; ++y)
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(target.ink(x, y), x >= 2 && y >= 2 ? 255 : 0) << x << y;
 }
 
 TEST(Coverage, IsEmptyAfterItWasBlended) {

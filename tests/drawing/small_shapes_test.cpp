@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -120,7 +121,49 @@ TEST_F(Small, WhatItIsNotMadeForIsLeftToThePainter) {
   EXPECT_FALSE(drawing::small_polygon(shapes, dented, 2, 0, false));
   const std::vector<Point> crossed{{10, 10}, {30, 30}, {30, 10}, {10, 30}};
   EXPECT_FALSE(drawing::small_polygon(shapes, crossed, 2, 0, false));
+  const std::vector<Point> star{{50, 20}, {68, 76}, {20, 41}, {80, 41}, {32, 76}};
+  EXPECT_FALSE(drawing::small_polygon(shapes, star, 2, 0, false));
+  EXPECT_FALSE(drawing::small_line(shapes, {10, 10}, {20, 10}, 0, 0));
+  EXPECT_FALSE(drawing::small_circle(shapes, {100, 100}, 5, 0, 0, true));
+  EXPECT_FALSE(drawing::small_circle(shapes, {100, 100}, 5, nan, 0, true));
+  for (std::size_t i = 0; i < 3; ++i)
+    for (const double bad : {nan, 1e308}) {
+      std::vector<Point> corners{{50, 20}, {62, 44}, {38, 44}};
+      corners[i].x = bad;
+      EXPECT_FALSE(drawing::small_polygon(shapes, corners, 2, 0, false)) << i << " " << bad;
+    }
   EXPECT_EQ(target.all_ink(), 0);
+}
+
+// Corners that lie level with one another, in each order and both ways round, belong to one round all the same.
+TEST_F(Small, AConvexPolygonIsDrawnFromWhicheverCornerItBegins) {
+  std::vector<Point> corners{{40, 40}, {60, 40}, {70, 60}, {60, 80}, {40, 80}, {30, 60}};
+  for (int way = 0; way < 2; ++way, std::reverse(corners.begin(), corners.end()))
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      std::rotate(corners.begin(), corners.begin() + 1, corners.end());
+      EXPECT_TRUE(drawing::small_polygon(shapes, corners, 2, 0, true)) << way << " " << i;
+    }
+}
+
+TEST_F(Small, AnEmptyClipTakesNothing) {
+  shapes.clip = {0, 0, 0, 0};
+  EXPECT_TRUE(drawing::small_circle(shapes, {0, 0}, 10, 2, 0, true));
+  EXPECT_EQ(target.all_ink(), 0);
+}
+
+TEST_F(Small, AShapeOverEachCornerOfTheClipStaysInsideIt) {
+  shapes.clip = {50, 60, 150, 140};
+  for (const Point corner : {Point{50, 60}, {150, 60}, {150, 140}, {50, 140}}) {
+    ASSERT_TRUE(drawing::small_circle(shapes, corner, 10, 2, 0, true));
+    ASSERT_TRUE(drawing::small_line(shapes, {corner.x - 40, corner.y}, {corner.x + 40, corner.y + 1}, 3, 0));
+  }
+  for (int y = 0; y < 200; ++y)
+    for (int x = 0; x < 200; ++x) {
+      const bool in_clip = x >= 50 && x < 150 && y >= 60 && y < 140;
+      EXPECT_TRUE(in_clip || target.ink(x, y) == 0) << x << " " << y;
+    }
+  EXPECT_EQ(target.ink(50, 60), 255);
+  EXPECT_EQ(target.ink(149, 139), 255);
 }
 
 TEST_F(Small, WhatLiesOutsideIsDoneWithoutATrace) {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "instruments/data_place.h"
+#include "platform/file_time.h"
 
 namespace {
 
@@ -113,7 +114,7 @@ TEST(Partner_of, IsTheFirstPointLessThanSixteenSecondsAway) {
 TEST(Date_time_of, ReadsTheInstrumentsTexts) {
   const auto text_of = [](const char* text) {
     const auto time = date_time_of(text);
-    return time ? date_time_text(*time) : "none";
+    return time ? platform::date_time_text(*time) : "none";
   };
   EXPECT_EQ(text_of("2008/11/15 10:20:30"), "2008/11/15 10:20:30");
   EXPECT_EQ(text_of(" 08-1-5  9:05 "), "2008/01/05 09:05:00");

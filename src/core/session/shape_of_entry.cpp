@@ -8,6 +8,7 @@ namespace {
 
 std::vector<drawing::Point> drawn_points(const std::vector<geodesy::Point>& vertices) {
   std::vector<drawing::Point> points;
+  points.reserve(vertices.size());
   for (const geodesy::Point& vertex : vertices) points.push_back({vertex.x, vertex.y});
   return points;
 }
