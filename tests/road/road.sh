@@ -12,7 +12,7 @@ done
 
 road=$(mktemp -d)
 program=$road/program
-server='' manager='' running='' window=''
+server='' manager='' running='' instruments='' window=''
 
 say() { printf '%s\n' "$*"; }
 fail() {
@@ -27,7 +27,7 @@ road_end() {
     import -silent -window root "$picture" 2>/dev/null && say "The display at that moment: $picture"
     [ ! -s "$road/program.log" ] || { say "The program said:"; tail -n 30 "$road/program.log"; }
   fi
-  for process in $running $manager $server; do kill -9 "$process" 2>/dev/null || true; done
+  for process in $running $instruments $manager $server; do kill -9 "$process" 2>/dev/null || true; done
   wait 2>/dev/null || true
   rm -rf "$road"
   exit $status

@@ -5,8 +5,9 @@
 project=$road/project
 registry=$project/chisou_men/points.csv
 sheet_colour='#F0F0E0'
-# Degrees of the lower left corner. The sheet is 337.5 seconds wide and 225 high, so that its corners are whole units.
-sheet_west=138.875 sheet_south=35.75
+# Degrees of the lower left corner, and the sheet's height in seconds, which is always 500 pixels. This sheet is 337.5
+# seconds wide, so that its corners are whole units.
+sheet_west=138.875 sheet_south=35.75 sheet_high=225
 sheet_left=0 sheet_top=0
 
 # The basic settings of a person whose registration file is points.csv.
@@ -44,27 +45,27 @@ sheet_open() {
   sheet_left=$((sheet_left - 1)) sheet_top=$((sheet_top - 1))
 }
 
-# A sheet is 500 pixels high: 0.45 seconds of latitude to the pixel. A second of longitude is shorter, by the radii of
-# curvature of the Bessel ellipsoid at the whole degree of the sheet's mean latitude.
-sheet_scale='function pixels_north(seconds) { return seconds / 0.45 }
+# From seconds to pixels. A second of longitude is shorter than one of latitude, by the radii of curvature of the Bessel
+# ellipsoid at the whole degree of the sheet's mean latitude.
+sheet_scale='function pixels_north(seconds) { return seconds * 500 / high }
 function pixels_east(seconds,  f, e2, w, latitude) {
   f = 1 / 299.152813; e2 = f * (2 - f); latitude = 35 * atan2(0, -1) / 180; w = 1 - e2 * sin(latitude) ^ 2
-  return seconds / 0.45 * cos(latitude) * w / (1 - e2)
+  return seconds * 500 / high * cos(latitude) * w / (1 - e2)
 }'
 
 # place_at <pixel right of the sheet's corner> <pixel below it>: the position there as a record holds it, "X,Y".
 place_at() {
-  awk -v x="$1" -v y="$2" -v west=$sheet_west -v south=$sheet_south "$sheet_scale"'
+  awk -v x="$1" -v y="$2" -v west="$sheet_west" -v south="$sheet_south" -v high="$sheet_high" "$sheet_scale"'
     function printed(number) { number = sprintf("%.2f", number); sub(/0$/, "", number); return number }
     BEGIN {
-      print printed(1e5 * (west + x / pixels_east(1) / 3600)) "," printed(1e5 * (south + (500 - y) * 0.45 / 3600))
+      print printed(1e5 * (west + x / pixels_east(3600))) "," printed(1e5 * (south + (500 - y) / pixels_north(3600)))
     }'
 }
 
-# pixel_of <degrees east> <degrees north>: the pixels right of the sheet's corner and below it.
+# pixel_of <degrees east> <degrees north>: the pixel next to it, right of the sheet's corner and below it.
 pixel_of() {
-  awk -v east="$1" -v north="$2" -v west=$sheet_west -v south=$sheet_south "$sheet_scale"'
-    BEGIN { printf "%.2f %.2f\n", pixels_east((east - west) * 3600), 500 - pixels_north((north - south) * 3600) }'
+  awk -v east="$1" -v north="$2" -v west="$sheet_west" -v south="$sheet_south" -v high="$sheet_high" "$sheet_scale"'
+    BEGIN { printf "%.0f %.0f\n", pixels_east((east - west) * 3600), 500 - pixels_north((north - south) * 3600) }'
 }
 
 # A click and a move to a pixel counted from the sheet's corner.
