@@ -416,8 +416,14 @@ TEST_F(Entry, UndoWaitsForUnsavedEntries) {
 }
 
 TEST_F(Entry, TheNextSessionOnAProjectRemovesWhatAKilledSaveLeft) {
-  const std::string left = project() + "/chisou_men/.terranote-2147483647-1.tmp";
-  files.write_whole(left, "half a regi");
-  session::journal_r(session, ports);
-  EXPECT_EQ(files.length(left), 0);
+  const std::string observations = project() + "/chisou_men";
+  files.make_folder(observations + "/csv");
+  files.make_folder(session.settings.program_path + "/Tiltvane");
+  for (const std::string& place :
+       {observations, observations + "/csv", project(), session.settings.program_path + "/Tiltvane"}) {
+    const std::string left = place + "/.terranote-2147483647-1.tmp";
+    files.write_whole(left, "half a regi");
+    session::journal_r(session, ports);
+    EXPECT_EQ(files.length(left), 0) << left;
+  }
 }
