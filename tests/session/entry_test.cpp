@@ -330,6 +330,16 @@ TEST_F(Entry, ASaveKeepsWhatAnotherProgramHasWrittenMeanwhile) {
   EXPECT_EQ(session.registry.N, 4);
 }
 
+TEST_F(Entry, ARecordThatIsInNoFileYetStaysMarkedBehindThoseThatCome) {
+  save_new(600, 700);
+  open_new(300, 400);
+  ASSERT_EQ(session.highlighted, 2);
+  files.append(project() + "/chisou_men/genchi.csv", "1,1,2,\r\n");
+  EXPECT_TRUE(session::registry_follow(session, ports));
+  EXPECT_EQ(session.entry.touroku, 3);
+  EXPECT_EQ(session.highlighted, 3);
+}
+
 TEST_F(Entry, PointsFromPhotosLeaveTheRecordInThePanelAlone) {
   open_new(300, 400);
   session.entry.boxes.Combo1 = "Line";

@@ -86,9 +86,12 @@ void registry_r(Session& session, Ports& ports) {
 }
 
 bool registry_follow(Session& session, Ports& ports) {
-  const bool changed = observations::is_changed(session.registry, ports.files);
-  if (changed) registry_r(session, ports);
-  return changed;
+  if (!observations::is_changed(session.registry, ports.files)) return false;
+  const observations::Entry& entry = session.entry;
+  const bool panel_is_marked = entry.open && session.highlighted == entry.touroku;
+  registry_r(session, ports);
+  if (panel_is_marked) session.highlighted = entry.touroku;  // a new record stands behind those that came
+  return true;
 }
 
 int row_of(const Sheet_list& sheets, const std::string& stem) {
