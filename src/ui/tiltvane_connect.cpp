@@ -83,6 +83,7 @@ Tiltvane_connect::Tiltvane_connect(session::Session& session, session::Ports& po
       japanese_(core::is_japanese(session.settings.language)),
       full_(full) {
   lay_out();
+  if (full_) take_model_at_first_use();
   connect_all();
   take_boxes();
   show_offer();
@@ -361,6 +362,14 @@ void Tiltvane_connect::show_model() {
   model_->setToolTip(known ? either("表示中の地図の中央での国際標準磁場（2005年）の偏角を入力します。",
                                     "Takes the declination of the reference field (2005) at the middle of the map.")
                            : reason);
+}
+
+// Before anything was ever stored the map's place knows better than a declination of 0.
+void Tiltvane_connect::take_model_at_first_use() {
+  const std::string& program = session_.settings.program_path;
+  for (const char* stored : {"henkaku.dat", "RSPORT.dat"})
+    if (ports_.files.length(platform::join_path(program, stored)) > 0) return;
+  if (!model_declination_.empty()) use_model();
 }
 
 void Tiltvane_connect::show_link() {

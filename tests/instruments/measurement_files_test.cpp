@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "instruments/data_place.h"
+#include "instruments/in_pieces.h"
 
 namespace {
 
@@ -156,6 +157,16 @@ TEST_F(Measurement_files, ShowsTwelveHundredRowsAndSaysThatThereAreMore) {
   Tiltvane_out2(list, files, folder.text());
   EXPECT_EQ(list.rows.size(), 1200u);
   EXPECT_TRUE(list.shortened);
+}
+
+TEST_F(Measurement_files, ReadsNoMoreOfAMillionLinesThanItShows) {
+  support::In_pieces million;
+  million.size = 65'536;
+  for (int i = 0; i < 1'000'000; ++i) million.bytes += "1,P,N20W,30E\r\n";
+  Tiltvane_out(list, million, "a.csv");
+  EXPECT_EQ(list.rows.size(), 1200U);
+  EXPECT_TRUE(list.shortened);
+  EXPECT_LE(million.handed, 1);  // 1,201 lines of 14 bytes end in the first piece
 }
 
 TEST_F(Measurement_files, HasNoRowsWithoutAFile) {

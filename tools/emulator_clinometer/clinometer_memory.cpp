@@ -40,7 +40,7 @@ std::string lineation_of(int number) {
 
 std::string position_of(int number) {
   if (number % 5 == 0) return "V,,,,";
-  return printed("A,3541.%04d,N,13848.%04d,E", 1000 + number * 3, 6000 - number * 2);
+  return printed("A,3541.%04d,N,13848.%04d,E", 1000 + number * 137 % 8000, 1000 + number * 211 % 8000);
 }
 
 }  // namespace

@@ -157,9 +157,10 @@ TEST_P(Tiltvane_dialog, SavesTheDeclination) {
   EXPECT_EQ(bytes("henkaku.dat"), "-72.50\r\n");
 }
 
-TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlace) {
+TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlaceAndBeginsWithIt) {
   open();
   EXPECT_FALSE(find<QPushButton>("model")->isEnabled());
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0");
   const std::string coefficients = std::string(TERRANOTE_SHARED_DATA) + "/igrf10.coef";
   if (!std::filesystem::exists(coefficients)) GTEST_SKIP() << "no " << coefficients;
   std::filesystem::copy_file(coefficients, folder.path() / "igrf10.coef");
@@ -170,8 +171,12 @@ TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlace) {
   session.canvas.geo_y0 = 3'365'970;
   session.canvas.geo_y1 = 3'345'970;
   open();
-  press("model");
   // Kochi, 33.5597 N, 133.5311 E: -6.715845 in the table of an independent computation, declination_sample.csv.
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "-6.7");
+  put("henkaku.dat", "0\r\n");
+  open();
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0");  // as it was stored
+  press("model");
   EXPECT_EQ(find<QLineEdit>("Text1")->text(), "-6.7");
 }
 
