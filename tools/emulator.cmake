@@ -2,8 +2,8 @@
 # that play a conversation themselves.
 if(UNIX)
   find_package(Threads REQUIRED)
-  add_library(terranote_emulator STATIC emulator/conversation.cpp emulator/pseudo_terminal.cpp
-              emulator_clinometer/clinometer_memory.cpp)
+  add_library(terranote_emulator STATIC emulator/conversation.cpp emulator/program.cpp
+              emulator/pseudo_terminal.cpp emulator_clinometer/clinometer_memory.cpp)
   target_include_directories(terranote_emulator PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(terranote_emulator PRIVATE terranote_options PUBLIC Threads::Threads)
 
@@ -15,7 +15,7 @@ if(UNIX)
     find_package(GTest REQUIRED)
     find_package(Qt6 REQUIRED COMPONENTS Test)
     file(GLOB emulator_tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/emulator/tests/*.cpp)
-    add_executable(serial_test ${emulator_tests})
+    add_executable(serial_test ${CMAKE_SOURCE_DIR}/tests/gui/main.cpp ${emulator_tests})
     target_link_libraries(serial_test PRIVATE terranote_options terranote_emulator terranote_ui Qt6::Test GTest::gmock)
     target_include_directories(serial_test PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_compile_definitions(serial_test PRIVATE

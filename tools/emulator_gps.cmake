@@ -9,7 +9,7 @@ if(UNIX)
   if(TERRANOTE_TESTS)
     find_package(GTest REQUIRED)
     find_package(Qt6 REQUIRED COMPONENTS Test)
-    add_executable(receiver_test emulator/tests/main.cpp emulator_gps/tests/receiver_log_test.cpp
+    add_executable(receiver_test ${CMAKE_SOURCE_DIR}/tests/gui/main.cpp emulator_gps/tests/receiver_log_test.cpp
                    emulator_gps/tests/receiver_line_test.cpp)
     target_link_libraries(receiver_test PRIVATE terranote_options terranote_emulator_gps terranote_ui Qt6::Test
                           GTest::gmock)

@@ -11,18 +11,13 @@
 #include "core/choice_lists.h"
 #include "ui/folder_box.h"
 #include "ui/frame2_captions.h"
+#include "ui/named.h"
 #include "ui/text_box.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
 
 namespace {
-
-template <typename Widget>
-Widget* named(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 QLabel* label_of(QWidget* box, const QString& name) {
   auto* label = named(new QLabel, name + "_label");

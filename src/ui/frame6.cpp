@@ -5,6 +5,8 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -13,6 +15,7 @@
 
 #include "ui/colour_button.h"
 #include "ui/mark_preview.h"
+#include "ui/named.h"
 #include "ui/toolkit_text.h"
 #include "ui/wrap_button.h"
 #include "ui/wrap_check.h"
@@ -35,12 +38,6 @@ class Form_area : public QScrollArea {
     return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), least_form_height};
   }
 };
-
-template <typename Widget>
-Widget* named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 QLabel* heading(const char* name) {
   auto* label = named(new QLabel, name);

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollArea>
@@ -14,6 +15,7 @@
 #include "platform/code_page_932.h"
 #include "ui/frame6.h"
 #include "ui/mark_preview.h"
+#include "ui/named.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -68,12 +70,6 @@ class Notes_area : public QScrollArea {
     if (event->size().width() != event->oldSize().width()) updateGeometry();
   }
 };
-
-template <typename Widget>
-Widget* named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 // Sets the frame and the tool tip of a box; without a frame its own hint is the tool tip.
 void box_mark(QWidget* box, const char* frame, const QString& told) {

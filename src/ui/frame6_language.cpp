@@ -1,6 +1,7 @@
 // Captions, hints and accessible names of the entry panel in the language in force.
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 

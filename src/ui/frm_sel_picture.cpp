@@ -3,9 +3,12 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>

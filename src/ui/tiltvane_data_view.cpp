@@ -19,6 +19,7 @@
 #include <algorithm>
 
 #include "core/language.h"
+#include "core/save_messages.h"
 #include "drawing/picture_files.h"
 #include "exchange/shape_export.h"
 #include "instruments/registry_writing.h"
@@ -331,7 +332,7 @@ void Tiltvane_data_view::picture_save() {
     if (bytes.empty()) throw platform::File_failure(target + " can't be made");
     ports_.files.write_whole(target, bytes);
   } catch (const platform::File_failure&) {
-    instruments::write_failed(ports_.prompts, target);
+    core::write_failed(ports_.prompts, target);
   }
 }
 

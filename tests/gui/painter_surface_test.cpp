@@ -156,6 +156,15 @@ TEST(Painter_surface, ATextLooksTheSameTheSecondTimeAndOnAKeptSurface) {
   EXPECT_EQ(first, second);
 }
 
+TEST(Painter_surface, ALongTextIsPaintedWithoutAMask) {
+  ui::Text_masks kept;
+  QImage page = white_page();
+  ui::Painter_surface surface(page, 1, {}, page.rect(), &kept);
+  surface.text({10, 10}, std::string(20'000, 'A'), {.height = 30}, drawing::black, 0);
+  EXPECT_TRUE(kept.fonts.empty());
+  EXPECT_NE(page, white_page());
+}
+
 TEST(Painter_surface, ManySizesOfTextDoNotPileUp) {
   ui::Text_masks kept;
   QImage page = white_page();

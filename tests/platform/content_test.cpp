@@ -26,3 +26,12 @@ TEST_F(Content, IsNothingForAMissingAndAnEmptyFileAndForAFolder) {
   EXPECT_EQ(platform::content_or_nothing(disk, path), "");
   EXPECT_EQ(platform::content_or_nothing(disk, folder.text()), "");
 }
+
+TEST_F(Content, IsNothingForAFileThatCanNotBeRead) {
+  disk.write_whole(path, "abc");
+  support::Fault_files files{disk};
+  files.unreadable = "log";
+  EXPECT_EQ(platform::content_or_nothing(files, path), "");
+  files.unreadable.clear();
+  EXPECT_EQ(platform::content_or_nothing(files, path), "abc");
+}

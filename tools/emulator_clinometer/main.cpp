@@ -1,16 +1,14 @@
 // A clinometer behind a pseudo-terminal. Either it has a memory and answers every command, or it plays a conversation.
 #include <atomic>
-#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 
 #include "emulator/conversation.h"
+#include "emulator/program.h"
 #include "emulator_clinometer/clinometer_memory.h"
 
 namespace {
-
-std::atomic<bool> stop = false;
 
 constexpr int end_of_command = 60;  // milliseconds of silence: "o1" may yet become "o123"
 constexpr int look_again = 200;
@@ -53,7 +51,7 @@ Choices choices_of(int argc, char** argv) {
 }
 
 // What arrives until the line is silent for a moment.
-std::string command_from(emulator::Pseudo_terminal& line) {
+std::string command_from(emulator::Pseudo_terminal& line, const std::atomic<bool>& stop) {
   std::string command = line.read(look_again);
   while (!command.empty() && !stop) {
     const std::string more = line.read(end_of_command);
@@ -63,15 +61,15 @@ std::string command_from(emulator::Pseudo_terminal& line) {
   return command;
 }
 
-bool answer_commands(emulator::Pseudo_terminal& line, const Choices& choices) {
+bool answer_commands(emulator::Pseudo_terminal& line, const Choices& choices, const std::atomic<bool>& stop) {
   while (!stop) {
-    const std::string answer = emulator::answer_to(command_from(line), choices.records, choices.first);
+    const std::string answer = emulator::answer_to(command_from(line, stop), choices.records, choices.first);
     if (!emulator::send_at(line, answer, choices.baud, stop) && !stop) return false;
   }
   return true;
 }
 
-bool play(emulator::Pseudo_terminal& line, const std::string& path) {
+bool play(emulator::Pseudo_terminal& line, const std::string& path, const std::atomic<bool>& stop) {
   const emulator::Conversation conversation = emulator::conversation_of_file(path);
   if (!conversation.fault.empty()) {
     std::cerr << path << ": no step of a conversation: " << conversation.fault << '\n';
@@ -88,13 +86,7 @@ int main(int argc, char** argv) {
     std::cerr << usage;
     return 2;
   }
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, [](int) { stop = true; });
-  emulator::Pseudo_terminal line(choices.link);
-  if (!line.plug_in()) {
-    std::cerr << "No pseudo-terminal, or the link can't be made: " << choices.link << '\n';
-    return 1;
-  }
-  std::cout << line.path() << std::endl;
-  const bool done = choices.conversation.empty() ? answer_commands(line, choices) : play(line, choices.conversation);
-  return done ? 0 : 1;
+  return emulator::speak_at(choices.link, [&](emulator::Pseudo_terminal& line, const std::atomic<bool>& stop) {
+    return choices.conversation.empty() ? answer_commands(line, choices, stop) : play(line, choices.conversation, stop);
+  });
 }

@@ -1,6 +1,5 @@
 // A GPS receiver behind a pseudo-terminal: plays a recorded log, with faults where they are wanted, or a conversation.
 #include <atomic>
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -9,11 +8,10 @@
 #include <string>
 
 #include "emulator/conversation.h"
+#include "emulator/program.h"
 #include "emulator_gps/receiver_log.h"
 
 namespace {
-
-std::atomic<bool> stop = false;
 
 constexpr const char* usage =
     "emulator_gps [--link <program folder>/ports/comNN] --log <file of sentences> [--every <ms>] [--baud <n>] "
@@ -72,12 +70,7 @@ int main(int argc, char** argv) {
     std::cerr << choices.log << choices.conversation << ": " << conversation.fault << '\n';
     return 1;
   }
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, [](int) { stop = true; });
-  emulator::Pseudo_terminal line(choices.link);
-  if (!line.plug_in()) {
-    std::cerr << "No pseudo-terminal, or the link can't be made: " << choices.link << '\n';
-    return 1;
-  }
-  std::cout << line.path() << std::endl;
-  return emulator::converse(line, conversation, stop) ? 0 : 1;
+  return emulator::speak_at(choices.link, [&](emulator::Pseudo_terminal& line, const std::atomic<bool>& stop) {
+    return emulator::converse(line, conversation, stop);
+  });
 }
