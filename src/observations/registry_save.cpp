@@ -89,9 +89,17 @@ bool write_table(Edit_context context, Registry& registry, int number, const Rec
   return true;
 }
 
+// Whether a new record has the number that mnu_sinki gave it, and no other record has it (numbers repeat behind 999).
+bool is_newly_given(const Entry& entry, const Registry& registry, const std::string& number) {
+  if (!entry.unsaved || number.empty() || number != entry.stored_number) return false;
+  for (int i = 1; i <= registry.N; ++i)
+    if (i != entry.touroku && number_parts(registry.rows[i].touroku_no).registration == number) return false;
+  return true;
+}
+
 // The memo's file is written before the table: a memo without a record does no harm, a record without its memo does. A
 // memo that wasn't touched goes along to a new number that has none.
-bool write_memo(Edit_context context, const Entry& entry) {
+bool write_memo(Edit_context context, const Entry& entry, const Registry& registry) {
   const std::string number = platform::trim_text(entry.boxes.Text14[box_touroku_no]);
   const std::string path = memo_path(context.settings.project_path, number);
   const bool changed = entry.boxes.memo != entry.stored_memo;
@@ -99,7 +107,11 @@ bool write_memo(Edit_context context, const Entry& entry) {
     if (changed) context.prompts.message(memo_needs_number);
     return !changed;
   }
-  if (!changed && context.files.length(path) > 0) return true;
+  if (!changed && context.files.length(path) > 0) {
+    // A number that was just given out is in no file: a memo of its name belonged to a record that is gone.
+    if (is_newly_given(entry, registry, number)) context.files.remove(path);
+    return true;
+  }
   try {
     memo_write(context.files, context.settings.project_path, path, entry.boxes.memo);
   } catch (const platform::File_failure&) {
@@ -142,7 +154,7 @@ Save_result Command9(Edit_context context, Entry& entry, Registry& registry) {
   Record record = record_before(entry, registry);
   record_from_boxes(record, entry.boxes);
   context.files.make_folder(core::chisou_men(settings.project_path));
-  if (!write_memo(context, entry)) return result;
+  if (!write_memo(context, entry, registry)) return result;
   const int number = row_to_write(entry, registry);
   if (!write_table(context, registry, number, record, path)) return result;
   registry.file = path;

@@ -138,6 +138,7 @@ class Frm_main : public QMainWindow {
   void show_memo();
   void open_shape();
   void open_shape_make();
+  void start_line();
   void end_line();
   void undo(bool again);
   void show_undo();

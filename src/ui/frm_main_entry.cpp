@@ -133,7 +133,7 @@ void Frm_main::panel_command(const QString& name) {
   if (name == "mnu_del") return delete_record();
   if (name == "Command9") return save_record();
   if (name == "Command22") return close_record();
-  if (name == "Command6") return perform([this] { return session::Command6(session_, ports_); });
+  if (name == "Command6") return start_line();
   if (name == "Command31") return end_line();
   if (name == "Command1") return open_input_sheet();
   if (name == "Command7") return open_shape();
@@ -196,8 +196,8 @@ void Frm_main::show_memo() {
 
 void Frm_main::open_shape() {
   guarded([this] {
+    session::Command7(session_, ports_);  // the list that the dialog reads is no work of the person
     const platform::Journal_operation operation(ports_.journal, "Shapeファイル作成", "Make Shapefile");
-    session::Command7(session_, ports_);
     Frm_Shape(session_.settings, ports_, ports_.clock, this).exec();
   });
   show_undo();
@@ -209,6 +209,11 @@ void Frm_main::open_shape_make() {
     Frm_ShapeMake(session_.settings, ports_, ports_.clock, this).exec();
   });
   show_undo();
+}
+
+void Frm_main::start_line() {
+  perform([this] { return session::Command6(session_, ports_); });
+  if (session_.flags.line_mode > 0) canvas_->setFocus();
 }
 
 void Frm_main::end_line() {
@@ -261,11 +266,15 @@ void Frm_main::open_table() {
   table_->activateWindow();
 }
 
-// Enter ends a line; the menu key brings the menu of the marked record.
+// Enter ends a line, or saves the record in the panel; the menu key brings the menu of the marked record.
 bool Frm_main::eventFilter(QObject* object, QEvent* event) {
   if (object != canvas_) return QMainWindow::eventFilter(object, event);
   if (is_enter(*event) && session_.flags.line_mode > 0) {
     end_line();
+    return true;
+  }
+  if (is_enter(*event) && session_.entry.open && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
+    save_record();
     return true;
   }
   if (event->type() == QEvent::ContextMenu && session_.sheet_shown() && !session_.entry.open &&

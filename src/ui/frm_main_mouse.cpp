@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include "core/session/entry.h"
@@ -110,8 +111,15 @@ void Frm_main::start_section_line() {
   perform([&] { return session::Command25(session_); });
 }
 
+// Esc ends the armed tool; without one it closes the panel.
 void Frm_main::end_tool() {
-  perform([&] { return session::end_tool(session_, ports_, tools_).redraw; });
+  session::Mouse_result result;
+  perform([&] {
+    result = session::end_tool(session_, ports_, tools_);
+    return result.redraw;
+  });
+  if (!result.taken && session_.entry.open) return close_record();
+  Frame6_->boxes_out();
   show_tool();
 }
 
@@ -143,7 +151,10 @@ void Frm_main::show_tool() {
   const core::Interaction& flags = session_.flags;
   const session::Tool_hint hint = session::tool_hint(session_);
   const QString text = either(hint.japanese, hint.english);
-  if (status_tool_->text() != text) status_tool_->setText(text);
+  if (status_tool_->text() != text) {
+    status_tool_->setText(text);
+    statusBar()->clearMessage();  // what was told of the last step must not hide the hint of the next
+  }
   zoom_box_tool_->setChecked(flags.zoom_box_step > 0);
   section_tool_->setChecked(flags.section_step > 0);
   canvas_->use_tool_cursor(hint.armed ? Qt::CrossCursor : Qt::ArrowCursor);

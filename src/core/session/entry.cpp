@@ -22,6 +22,9 @@ using platform::Journal_operation;
 
 constexpr platform::Message end_line_first{"線(囲み)を入力中です。「線終了」で終えてから保存して下さい。",
                                            "A line is being drawn. Please end it before you save."};
+constexpr platform::Message draw_first{
+    "線(囲み)がまだ描かれていません。「線(囲み)開始」で描くか、Markを選び直して下さい。",
+    "No line is drawn yet. Please draw it, or choose another mark."};
 constexpr platform::Message table_full{"地点登録ファイルは15000点までです。これ以上登録できません。",
                                        "A registration file holds 15000 points, and this one is full."};
 constexpr platform::Message file_too_long{"1000行を超える地点登録ファイルからは削除できません。",
@@ -59,6 +62,15 @@ void panel_opened(Session& session) {
 
 Mouse_result taken(Redraw redraw, bool menu = false) {
   return {true, redraw, menu};
+}
+
+bool is_drawn_mark(const std::string& mark) {
+  return observations::is_area(mark) || observations::is_line(mark);
+}
+
+bool has_vertices(const Session& session) {
+  const int touroku = session.entry.touroku;
+  return touroku >= 1 && touroku <= session.registry.N && !session.registry.rows[touroku].vertices.empty();
 }
 
 // The line goes to the record; what did not fit in is told in the status bar.
@@ -217,6 +229,11 @@ Entry_saved Command9(Session& session, Ports& ports) {
     ports.prompts.message(end_line_first);
     return {};
   }
+  // Read again, a line stands at its first vertex: one without any would lose its place, and show nothing.
+  if (is_drawn_mark(session.entry.boxes.Combo1) && !has_vertices(session)) {
+    ports.prompts.message(draw_first);
+    return {};
+  }
   registry_follow(session, ports);  // the table goes to the file as a whole
   const Journal_operation operation(ports.journal, "地点の保存", "Save observation");
   observations::Save_result result =
@@ -259,7 +276,7 @@ void entry_edited(Session& session) {
 
 Redraw Command6(Session& session, Ports& ports) {
   if (!session.entry.open || !session.sheet_shown()) return Redraw::none;
-  if (!observations::is_area(session.entry.boxes.Combo1) && !observations::is_line(session.entry.boxes.Combo1)) {
+  if (!is_drawn_mark(session.entry.boxes.Combo1)) {
     ports.prompts.message("Markで「線」または「範囲」を選択して下さい。", "Please choose the mark Line or Area first.");
     return Redraw::none;
   }
