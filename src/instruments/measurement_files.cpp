@@ -4,8 +4,10 @@
 
 #include "core/language.h"
 #include "core/save_messages.h"
+#include "instruments/nmea.h"
 #include "instruments/tiltvane_line.h"
 #include "observations/record_line.h"
+#include "platform/code_page_932.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
@@ -56,6 +58,11 @@ bool asked_twice(platform::Prompts& prompts, const std::string& name) {
 
 }  // namespace
 
+std::unique_ptr<platform::Journal_operation> undoable(const Data_context& context, const char* japanese,
+                                                      const char* english) {
+  return context.journal ? std::make_unique<platform::Journal_operation>(*context.journal, japanese, english) : nullptr;
+}
+
 std::string tiltvane_folder(const std::string& program_path, const std::string& name) {
   const std::string folder = platform::join_path(program_path, "Tiltvane");
   return name.empty() ? folder : platform::join_path(folder, name);
@@ -68,16 +75,16 @@ std::vector<std::string> saved_files(platform::Files& files, const std::string& 
 void Tiltvane_out(Measurement_list& list, platform::Files& files, const std::string& path) {
   Measurement_list read;
   read.file = path;
-  for (std::string& line : platform::read_lines(files, path)) {
-    if (is_measurement_header(line)) continue;
-    if (line.find("END") != std::string::npos) break;
-    if (line.size() < shortest_line) continue;
-    if (static_cast<int>(read.rows.size()) == list_limit) {
-      read.shortened = true;
-      break;
-    }
-    read.rows.push_back({std::move(line), false});
-  }
+  const bool whole = each_log_line(files, path, [&](std::string_view bytes) {
+    std::string line = platform::decode_932(bytes);
+    if (is_measurement_header(line)) return true;
+    if (line.find("END") != std::string::npos) return false;
+    if (line.size() < shortest_line) return true;
+    read.shortened = static_cast<int>(read.rows.size()) == list_limit;
+    if (!read.shortened) read.rows.push_back({std::move(line), false});
+    return !read.shortened;
+  });
+  if (!whole) read.rows.clear();
   list = std::move(read);
 }
 
@@ -127,6 +134,7 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
 bool Command1(const Data_context& context, const std::string& FileImage) {
   if (!platform::stays_inside(FileImage) || !asked_twice(context.prompts, FileImage)) return false;
   const std::string path = tiltvane_folder(context.settings.program_path, FileImage);
+  const auto operation = undoable(context, "クリノメータファイルの削除", "Delete clinometer file");
   if (context.files.remove(path)) return true;
   context.prompts.message("削除できません: " + path, "The file can't be deleted: " + path);
   return false;

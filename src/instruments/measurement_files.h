@@ -2,6 +2,7 @@
 // instrument, and its buttons for saving ticked rows and for deleting a file. What a column holds: tiltvane_line.h.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "core/project_settings.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/journal.h"
 #include "platform/prompts.h"
 
 namespace instruments {
@@ -39,7 +41,13 @@ struct Data_context {
   platform::Files& files;
   platform::Clock& clock;
   platform::Prompts& prompts;
+  platform::Journal* journal = nullptr;  // of what `files` writes; none where nothing can be taken back
 };
+
+// Begins an operation that can be taken back; it ends with the object. What came from the instrument and what was saved
+// of it stand outside of every operation: an undo must not take them away.
+std::unique_ptr<platform::Journal_operation> undoable(const Data_context& context, const char* japanese,
+                                                      const char* english);
 
 // The folder \Tiltvane of the program, and a file in it.
 std::string tiltvane_folder(const std::string& program_path, const std::string& name = {});

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/digits.h"
+#include "platform/failures.h"
 #include "platform/numbers.h"
 
 namespace instruments {
@@ -45,6 +46,38 @@ bool checksum_fits(std::string_view sentence) {
   const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), told, 16);
   return fault == std::errc{} && end == digits.data() + digits.size() && digits.size() == 2 && told == sum;
 }
+
+// The lines of a text that comes in pieces.
+struct Line_feed {
+  const std::function<bool(std::string_view)>& take;
+  std::string begun;  // a line whose end has not come
+  bool ended = false;
+
+  void add_to_begun(std::string_view bytes) {
+    begun.append(bytes.substr(0, longest_log_line - std::min(begun.size(), longest_log_line)));
+  }
+  // Only whole lines. A CR LF that two pieces part makes an empty line more, which says nothing.
+  void lines(std::string_view text) {
+    while (!text.empty() && !ended) {
+      const std::size_t end = text.find_first_of("\r\n\x1a");
+      const bool ends_text = text[end] == end_of_text;
+      std::string_view line = take_line(text);
+      if (!begun.empty()) {
+        add_to_begun(line);
+        line = begun;
+      }
+      ended = !take(line) || ends_text;
+      begun.clear();
+    }
+  }
+  bool piece(std::string_view bytes) {
+    const std::size_t last = bytes.find_last_of("\r\n\x1a");
+    const std::size_t whole = last == std::string_view::npos ? 0 : last + 1;
+    lines(bytes.substr(0, whole));
+    add_to_begun(bytes.substr(whole));
+    return !ended;
+  }
+};
 
 }  // namespace
 
@@ -92,6 +125,18 @@ std::string_view take_line(std::string_view& rest) {
   const bool ends_text = end == rest.size() || rest[end] == end_of_text;
   rest = ends_text ? std::string_view{} : rest.substr(end + (rest.substr(end, 2) == "\r\n" ? 2 : 1));
   return line;
+}
+
+bool each_log_line(platform::Files& files, const std::string& path, const std::function<bool(std::string_view)>& take) {
+  if (files.length(path) == 0) return true;
+  Line_feed feed{take, {}, false};
+  try {
+    files.read_pieces(path, [&](std::string_view bytes) { return feed.piece(bytes); });
+  } catch (const platform::File_failure&) {
+    return false;
+  }
+  if (!feed.ended && !feed.begun.empty()) take(feed.begun);
+  return true;
 }
 
 }  // namespace instruments

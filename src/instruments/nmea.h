@@ -6,8 +6,11 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
+
+#include "platform/files.h"
 
 namespace instruments {
 
@@ -43,5 +46,11 @@ bool is_sound(std::string_view sentence);
 
 // Takes the next line off a text, without its end: CR LF, a lone CR or LF. 1A ends the text.
 std::string_view take_line(std::string_view& rest);
+
+inline constexpr std::size_t longest_log_line = 65'536;  // bytes; what stands further on in a line is dropped
+
+// Hands the lines of a log to `take` until that gives false; no more of the log than a piece and a line is in memory. A
+// log that is missing has none. False when it can't be read to its end.
+bool each_log_line(platform::Files& files, const std::string& path, const std::function<bool(std::string_view)>& take);
 
 }  // namespace instruments

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "instruments/nmea.h"
 #include "observations/record_line.h"
 #include "platform/digits.h"
 #include "platform/file_time.h"
 #include "platform/numbers.h"
-#include "platform/text_files.h"
 
 namespace instruments {
 namespace {
@@ -179,25 +179,27 @@ geodesy::Point rounded_position(geodesy::Point position) {
 }
 
 void track_first_r(Track& track, platform::Files& files, const std::string& path) {
-  for (const std::string& line : platform::read_lines(files, path)) {
-    if (line.find("start") != std::string::npos) continue;
+  each_log_line(files, path, [&](std::string_view line) {
+    if (line.find("start") != std::string_view::npos) return true;
     const std::optional<Date_time> time = time_of_first(line);
-    if (!time) continue;
-    if (is_full(track)) return;
+    if (!time) return true;
+    if (is_full(track)) return false;
     add(track, seconds_later(*time, japan_seconds),
         {units_of(platform::trim_text(column_of(line, 5)), 3), units_of(platform::trim_text(column_of(line, 3)), 2)});
-  }
+    return true;
+  });
 }
 
 void track_second_r(Track& track, platform::Files& files, const std::string& path, double hours) {
   const long long seconds = std::abs(hours) < longest_offset ? std::llround(hours * 3600) : 0;
-  for (const std::string& line : platform::read_lines(files, path)) {
-    if (column_of(line, 1) != "$GPRMC") continue;
+  each_log_line(files, path, [&](std::string_view line) {
+    if (column_of(line, 1) != rmc_word) return true;
     const std::optional<Date_time> time = time_of_second(line);
-    if (!time || column_of(line, 4).empty() || column_of(line, 6).empty()) continue;
-    if (is_full(track)) return;
+    if (!time || column_of(line, 4).empty() || column_of(line, 6).empty()) return true;
+    if (is_full(track)) return false;
     add(track, seconds_later(*time, seconds), {units_of(column_of(line, 6), 3), units_of(column_of(line, 4), 2)});
-  }
+    return true;
+  });
 }
 
 int partner_of(const Track& track, long long key) {

@@ -201,6 +201,7 @@ void tell_limits(const Data_context& context, const Measurement_list& list, cons
 }
 
 bool write(const Data_context& context, Registry& registry, const Before& before, const std::string& path) {
+  const auto operation = undoable(context, "クリノメータデータの登録", "Clinometer data");
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.write_whole(path, observations::registry_bytes(registry));

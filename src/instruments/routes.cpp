@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "instruments/nmea.h"
+#include "platform/code_page_932.h"
 #include "platform/content.h"
 #include "platform/numbers.h"
-#include "platform/text_files.h"
 
 namespace instruments {
 namespace {
@@ -49,11 +49,14 @@ std::optional<Route_point> log_point(std::string_view line, Nmea& fields) {
 
 template <typename Point_of>
 std::vector<Route_point> points_of(platform::Files& files, const std::string& path, int limit, Point_of point_of) {
-  const std::string content = platform::content_or_nothing(files, path);
   std::vector<Route_point> points;
   Nmea fields;
-  for (std::string_view rest = content; !rest.empty() && points.size() < static_cast<std::size_t>(limit);)
-    if (const std::optional<Route_point> point = point_of(take_line(rest), fields)) points.push_back(*point);
+  const bool read = each_log_line(files, path, [&](std::string_view line) {
+    if (points.size() >= static_cast<std::size_t>(limit)) return false;
+    if (const std::optional<Route_point> point = point_of(line, fields)) points.push_back(*point);
+    return true;
+  });
+  if (!read) return {};                                // counts as missing: the route isn't drawn
   if (!points.empty()) points.front().joined = false;  // there is no point before it in this file
   return points;
 }
@@ -64,10 +67,17 @@ std::vector<Route_file> listed(platform::Files& files, const std::string& projec
   const auto add = [&](const std::string& path, bool is_log) {
     found.push_back({path, is_log, files.time_stamp(path), files.length(path)});
   };
-  for (const std::string& name : platform::read_lines(files, keiro_out_path(project_path)))
+  const auto each_name = [&](const std::string& list, const auto& take) {
+    int left = listed_file_limit;
+    each_log_line(files, list, [&](std::string_view line) {
+      if (!line.empty()) take(platform::decode_932(line)), --left;
+      return left > 0;
+    });
+  };
+  each_name(keiro_out_path(project_path), [&](const std::string& name) {
     if (platform::stays_inside(name)) add(platform::join_path(gps_folder(project_path), name), false);
-  for (const std::string& path : platform::read_lines(files, keiro_out2_path(project_path)))
-    if (!path.empty()) add(path, true);
+  });
+  each_name(keiro_out2_path(project_path), [&](const std::string& path) { add(path, true); });
   return found;
 }
 

@@ -14,6 +14,7 @@ namespace instruments {
 
 inline constexpr int track_point_limit = 10'000;   // of all text tracks together; what comes behind isn't drawn
 inline constexpr int log_point_limit = 1'000'000;  // of all NMEA logs together
+inline constexpr int listed_file_limit = 1'000;    // of each list; every one is looked at before a redraw
 inline constexpr drawing::Colour route_colour = 0xff00ff;
 
 // The lists of \chisou_men and the folder of the text tracks.

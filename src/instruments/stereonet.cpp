@@ -24,6 +24,7 @@ constexpr double letter_height = 32, text_height = 26, line_height = 36;
 constexpr double letter_away = 0.85;  // of its height, from the rim
 constexpr double margin = 48;         // about the net, for the letters
 constexpr double room_below = 3 * line_height;
+constexpr double name_width = 170;  // of a sign and its name at the longest, "lineation"
 constexpr double tick_length = 10, long_tick_length = 20;
 constexpr const char* text_font = "MS Gothic";
 
@@ -122,7 +123,8 @@ void mean_out(Surface& surface, const Net& net, const Scatter& scatter) {
 void texts_out(Surface& surface, const Net& net, const Net_texts& texts) {
   const drawing::Font font{text_font, text_height, false};
   const double left = net.centre.x - net.radius, below = net.centre.y + net.radius + margin;
-  const double sign = left + sign_reach * 2, word = left + sign_reach * 5, part = net.radius * 2 / 3;
+  const double part = std::max(net.radius * 2 / 3, name_width), first = net.centre.x - part * 1.5;
+  const double sign = first + sign_reach * 2, word = first + sign_reach * 5;
   double line = below;
   if (!texts.mean.empty()) {
     surface.text({left, line}, texts.mean, font, drawing::black, 0);

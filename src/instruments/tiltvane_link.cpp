@@ -152,15 +152,21 @@ void make_table(Tiltvane_link& link, std::string_view log, const Tiltvane_boxes&
 
 // ---- the log
 
-// The last log is kept under another name, so that a download that brings nothing doesn't cost the one before.
-void empty_log(const Link_ports& ports) {
-  const std::string path = join_path(ports.program_path, log_name);
-  if (ports.files.length(path) > 0) ports.files.copy(path, join_path(ports.program_path, earlier_log_name));
-  ports.files.write_whole(path, "");
-}
-
 std::string_view whole_lines(std::string_view bytes) {
   return bytes.substr(0, bytes.find_last_of("\r\n") + 1);
+}
+
+std::size_t records_in(const std::string& log) {
+  return records_of(whole_lines(log)).size();
+}
+
+// The last log is kept under another name, so that a download that brings nothing, or noise, doesn't cost the one
+// before.
+void empty_log(const Link_ports& ports) {
+  const std::string path = join_path(ports.program_path, log_name);
+  if (records_in(platform::content_or_nothing(ports.files, path)) > 0)
+    ports.files.copy(path, join_path(ports.program_path, earlier_log_name));
+  ports.files.write_whole(path, "");
 }
 
 // Whether a log holds what no table was made of.
@@ -238,12 +244,14 @@ void Command50(Tiltvane_link& link, platform::Serial_port& serial) {
 
 Broken_download broken_download(platform::Files& files, const std::string& program_path) {
   std::string path = join_path(program_path, log_name);
-  if (files.length(path) == 0) path = join_path(program_path, earlier_log_name);
-  const std::string log = platform::content_or_nothing(files, path);
-  const std::string_view whole = whole_lines(log);
-  const std::size_t records = records_of(whole).size();
+  std::string log = platform::content_or_nothing(files, path);
+  if (records_in(log) == 0 && log.find(end_word) == std::string::npos) {
+    path = join_path(program_path, earlier_log_name);
+    log = platform::content_or_nothing(files, path);
+  }
+  const std::size_t records = records_in(log);
   if (records == 0 || !is_unread(log, files, program_path)) return {};
-  return {path, records, whole.size() < log.size()};
+  return {path, records, whole_lines(log).size() < log.size()};
 }
 
 bool read_again(Tiltvane_link& link, const Tiltvane_boxes& boxes, const Link_ports& ports) {

@@ -79,7 +79,8 @@ struct Broken_download {
   std::size_t records = 0;  // whole lines that are records
   bool cut = false;         // the last line is unfinished
 };
-// Of \Tiltvane.tmp, or of the log before it while that one is empty. A log that was read again is no more offered.
+// Of \Tiltvane.tmp, or of the log before it while that one holds no record and no
+// answer. A log that was read again is no more offered.
 Broken_download broken_download(platform::Files& files, const std::string& program_path);
 // Reads it again, without an unfinished line, and makes \TMP2.TMP of it. False when there is none.
 bool read_again(Tiltvane_link& link, const Tiltvane_boxes& boxes, const Link_ports& ports);

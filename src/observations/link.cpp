@@ -8,6 +8,7 @@
 #include "observations/mark_out.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
+#include "platform/path_keys.h"
 #include "platform/text_case.h"
 #include "platform/text_files.h"
 
@@ -34,6 +35,20 @@ std::string inner_path(std::string_view link) {
     path += (path.empty() ? "" : "\\") + std::string(part);
   }
   return path;
+}
+
+// The names of a path's key below that of a folder, as the path writes them; empty when it doesn't lie there.
+std::string below(std::string_view path, std::string_view folder) {
+  if (!platform::lies_below(path, folder)) return {};
+  const std::string rest = platform::path_key(path).substr(platform::path_key(folder).size() + 1);
+  std::string names;
+  for (auto left = std::count(rest.begin(), rest.end(), '\\'); left >= 0; --left) {
+    const std::size_t cut = path.find_last_of("\\/");
+    names = std::string(path.substr(cut + 1)) + (names.empty() ? "" : "\\") + names;
+    path = path.substr(0, std::min(path.find_last_not_of("\\/", cut) + 1, cut));
+  }
+  // A path with a detour, "a\..\b", has other names at its end than its key.
+  return platform::fold_case(names) == rest ? names : std::string();
 }
 
 std::string_view last_part(std::string_view path) {
@@ -85,6 +100,12 @@ std::string linked_file(platform::Files& files, const std::string& project_path,
   const std::string in_project = platform::join_path(project_path, inner);
   const bool only_in_project = files.length(in_chisou_men) == 0 && files.length(in_project) > 0;
   return only_in_project ? in_project : in_chisou_men;
+}
+
+std::string link_to(const std::string& project_path, std::string_view file) {
+  if (project_path.empty()) return {};
+  const std::string in_chisou_men = below(file, core::chisou_men(project_path));
+  return inner_path(in_chisou_men.empty() ? below(file, project_path) : in_chisou_men);
 }
 
 int linked_record_at(const Registry& registry, const maps::Canvas& canvas, const maps::Map_position& position,

@@ -36,6 +36,10 @@ std::string picture_path(const std::string& project_path, std::string_view name)
 // out of the project, names a drive or names nothing.
 std::string linked_file(platform::Files& files, const std::string& project_path, std::string_view link);
 
+// The link that column 10 takes for a file, so that linked_file finds it again: its path below \chisou_men, or else
+// below the project folder, its names parted by "\". Empty for a file of neither.
+std::string link_to(const std::string& project_path, std::string_view file);
+
 // The number of the record whose mark a press falls on: of all records the one nearest to the map position, when the
 // press lies in the square of the mark's half size around it; of equal distances the first. 0 otherwise.
 int linked_record_at(const Registry& registry, const maps::Canvas& canvas, const maps::Map_position& position,

@@ -7,6 +7,7 @@
 #include "core/choice_lists.h"
 #include "core/project_folders.h"
 #include "core/save_messages.h"
+#include "observations/link.h"
 #include "observations/point_file.h"
 #include "observations/record_line.h"
 #include "platform/code_page_932.h"
@@ -50,13 +51,30 @@ Photo_key key_of(const Record& record) {
   return {platform::fold_case(record.gazou), record.keisoku_jikoku};
 }
 
-// 0 ,13976712.5,3568123.6,,,,,,081115-001,RIMG0001.JPG,○, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,2008/11/15 09:30:00,,, 0 ,
+// Whether a record's line can hold a link: not where it would end the column, has a character without a code or would
+// make the line count as deleted.
+bool is_storable(const std::string& link) {
+  Record record;
+  record.gazou = link;
+  const bool cut = link.find_first_of(",\r\n\x1a") != std::string::npos;
+  return !cut && platform::characters_without_code(link).empty() && !is_deleted(line_of(record).text);
+}
+
+// What column 10 takes for a photo: its link, or its bare name where the project doesn't hold it or its folders can't
+// be stored.
+std::string gazou_of(const std::string& project, const std::string& folder, const std::string& name) {
+  const std::string link = link_to(project, platform::join_path(folder, name));
+  return link.empty() || !is_storable(link) ? name : link;
+}
+
+// 0 ,13976712.5,3568123.6,,,,,,081115-001,photo\RIMG0001.JPG,○, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,2008/11/15 09:30:00,,, 0
+// ,
 Record record_of_photo(Edit_context context, const std::string& folder, const std::string& name,
                        geodesy::Point position) {
   Record record;
   record.X = position.x;
   record.Y = position.y;
-  record.gazou = name;
+  record.gazou = gazou_of(context.settings.project_path, folder, name);
   record.mark = core::mark_shapes(context.settings.language).front();
   record.size = platform::val(core::mark_size_default);
   record.henkaku_done = "0";
@@ -88,24 +106,32 @@ bool read_whole(Edit_context context, Registry& registry, const std::string& pat
   return false;
 }
 
-// The first photo whose name a record can't hold: one that would end the column, that has a character without a code,
-// or that would make its line count as deleted. Empty when there is none.
+// The first photo whose name a record can't hold. Empty when there is none.
 std::string unstorable(const std::vector<Record>& records) {
-  for (const Record& record : records) {
-    const bool cut = record.gazou.find_first_of(",\r\n\x1a") != std::string::npos;
-    if (cut || !platform::characters_without_code(record.gazou).empty() || is_deleted(line_of(record).text))
-      return record.gazou;
-  }
-  return {};
+  const auto found =
+      std::find_if(records.begin(), records.end(), [](const Record& record) { return !is_storable(record.gazou); });
+  return found == records.end() ? std::string() : found->gazou;
 }
 
-bool agreed(platform::Prompts& prompts, std::size_t added, int known) {
+struct Plan {
+  std::vector<Record> records;  // to be added, not numbered yet
+  int known = 0;
+  bool open_later = true;  // by a press on their marks
+};
+
+bool agreed(platform::Prompts& prompts, const Plan& plan) {
+  const std::size_t added = plan.records.size();
+  const int known = plan.known;
   const std::string count = std::to_string(added), skipped = std::to_string(known);
   std::string japanese = "写真 " + count + " 枚を1枚1地点として登録します。よろしいですか。";
   std::string english = "Register " + count + (added == 1 ? " photo" : " photos") + ", one point each?";
   if (known > 0) {
     japanese += "\n登録済みの " + skipped + " 枚は登録しません。";
     english += "\nPhotos that are registered already and left out: " + skipped;
+  }
+  if (!plan.open_later) {
+    japanese += "\nフォルダがプロジェクトの外にあるため、地図の記号を押しても写真は開きません。";
+    english += "\nThe folder lies outside the project, so a press on a mark will not open its photo.";
   }
   return prompts.yes_no({japanese.c_str(), english.c_str()});
 }
@@ -127,11 +153,6 @@ bool append_all(Edit_context context, Registry& registry, std::vector<Record>& r
   return true;
 }
 
-struct Plan {
-  std::vector<Record> records;  // to be added, not numbered yet
-  int known = 0;
-};
-
 // What is to be added to the table as it is read now. Nothing, with a message, when something forbids it.
 Plan plan_of(Edit_context context, const Registry& registry, const std::string& folder, geodesy::Point position) {
   Plan plan;
@@ -139,7 +160,9 @@ Plan plan_of(Edit_context context, const Registry& registry, const std::string& 
   for (int i = 1; i <= registry.N; ++i) known.insert(key_of(registry.rows[i]));
   for (const std::string& name : photos_of(context.files, folder)) {
     Record record = record_of_photo(context, folder, name, position);
-    if (known.contains(key_of(record)))
+    const Photo_key by_name{platform::fold_case(name), record.keisoku_jikoku};  // how it stands without its folder
+    plan.open_later = !link_to(context.settings.project_path, platform::join_path(folder, name)).empty();
+    if (known.contains(key_of(record)) || known.contains(by_name))
       ++plan.known;
     else
       plan.records.push_back(std::move(record));
@@ -170,7 +193,7 @@ Photo_result photo_read(Edit_context context, Registry& registry, const std::str
   if (refused(context, path) || !read_whole(context, registry, path)) return result;
   const Plan asked = plan_of(context, registry, folder, position);
   result.known = asked.known;
-  if (asked.records.empty() || !agreed(context.prompts, asked.records.size(), asked.known)) return result;
+  if (asked.records.empty() || !agreed(context.prompts, asked)) return result;
   // The question may have stood for long: what is written is what the file and the folder hold now.
   if (!read_whole(context, registry, path)) return result;
   Plan plan = plan_of(context, registry, folder, position);

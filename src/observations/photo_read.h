@@ -20,11 +20,12 @@ struct Photo_result {
 };
 
 // Registers the photos of a folder at one position, in the order of their names: column 9 as touroku_no_get numbers
-// them, 10 the photo's file name, 21 its file's local date and time. A photo whose columns 10 and 21 a record has
-// already gets none. Reads the file in use anew, asks with the number of points, writes the file whole and copies it to
-// the backup. Nothing is written, with a message, without a photo to add, without a registration file in use, with
-// several, with a file that can't be read as a whole or would hold too many records, with a name that a record can't
-// hold, and when the file can't be written: table and file are then as they were.
+// them, 10 the photo's link (its bare name where the project doesn't hold it), 21 its file's local date and time. A
+// photo whose columns 10 and 21 a record has already gets none; its bare name counts as its link. Reads the file in use
+// anew, asks with the number of points, writes the file whole and copies it to the backup. Nothing is written, with a
+// message, without a photo to add, without a registration file in use, with several, with a file that can't be read as
+// a whole or would hold too many records, with a name that a record can't hold, and when the file can't be written:
+// table and file are then as they were.
 Photo_result photo_read(Edit_context context, Registry& registry, const std::string& folder, geodesy::Point position);
 
 }  // namespace observations

@@ -49,6 +49,8 @@ void chisoumen_read(Registry& registry, Files& files, int count, const std::vect
   registry.complete = false;
   ++registry.reads;
   registry.file = paths.empty() ? "" : paths.front();
+  registry.length = files.length(registry.file);
+  registry.time_stamp = files.time_stamp(registry.file);
   bool readable = true;
   for (int pass = 1; pass <= count && !paths.empty(); ++pass) {
     try {
@@ -59,6 +61,11 @@ void chisoumen_read(Registry& registry, Files& files, int count, const std::vect
     }
   }
   registry.complete = readable && count == 1 && !paths.empty();
+}
+
+bool is_changed(const Registry& registry, Files& files) {
+  return !registry.file.empty() &&
+         (files.length(registry.file) != registry.length || files.time_stamp(registry.file) != registry.time_stamp);
 }
 
 std::string registry_bytes(const Registry& registry) {

@@ -74,6 +74,7 @@ struct Registry {
   bool complete = true;
   std::string file;  // path of the file that was read; empty before the first read
   int reads = 0;     // how often the table was read; record numbers hold from one read to the next
+  std::int64_t length = 0, time_stamp = 0;  // of the file, just before it was read
 };
 
 // Reads registry files into the table: `count` passes, each over the first entry of `files` (paths), so a count above 1
@@ -81,6 +82,9 @@ struct Registry {
 // vertices than vertex_limit raise Subscript_failure; the records before it are loaded then, and the table is
 // incomplete. So it is, without a failure, when a file can't be read, and with any other `count` than 1.
 void chisoumen_read(Registry& registry, platform::Files& files, int count, const std::vector<std::string>& paths);
+
+// Whether the file is another one than was read: written again, gone or new.
+bool is_changed(const Registry& registry, platform::Files& files);
 
 // The content of the file: records 1 to N in order, those whose X is -9999 left out.
 std::string registry_bytes(const Registry& registry);

@@ -7,6 +7,7 @@
 #include "observations/record_line.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
+#include "platform/text_case.h"
 
 namespace observations {
 namespace {
@@ -45,7 +46,8 @@ void prepare_panel(Edit_context context, Entry& entry) {
       (core::is_japanese(context.settings.language) ? "地点登録ファイル<" : "PointRegistrationFile<") + name + ">";
 }
 
-void open_panel(Entry& entry, const Registry& registry) {
+void open_panel(Edit_context context, Entry& entry, const Registry& registry) {
+  entry.file = registry_file(context.settings);
   entry.stored_number = registry.rows[entry.touroku].touroku_no;
   entry.reads = registry.reads;
   entry.open = true;
@@ -165,7 +167,7 @@ bool mnu_sinki(Edit_context context, Entry& entry, Registry& registry, Numbering
   entry.stored_memo.clear();
   entry.touroku = registry.N;
   entry.unsaved = true;
-  open_panel(entry, registry);
+  open_panel(context, entry, registry);
   show_marker(context, entry, position);
   return true;
 }
@@ -183,13 +185,18 @@ bool mnu_henkou(Edit_context context, Entry& entry, Registry& registry, const Cl
   load_memo(context, entry);
   show_marker(context, entry, {record.X, record.Y});
   if (!entry.open) entry.left = click.x + panel_offset;
-  open_panel(entry, registry);
+  open_panel(context, entry, registry);
   return true;
 }
 
 bool mnu_del(Edit_context context, Entry& entry, Registry& registry, const Click& click) {
   if (context.settings.registry_count > 1) {
     context.prompts.message(several_files);
+    return false;
+  }
+  if (is_of_another_file(context.settings, entry)) {
+    context.prompts.message("入力中に地点登録ファイルの設定が変わったため、削除しません: " + entry.file,
+                            "Another registration file was chosen meanwhile, so nothing is deleted: " + entry.file);
     return false;
   }
   const int number = entry.touroku != 0 ? entry.touroku : nearest_record(registry, click.position);
@@ -223,6 +230,10 @@ void move_entry(Edit_context context, Entry& entry, const Click& click) {
   const geodesy::Point position = stored_position(context.canvas, click.position);
   position_to_boxes(entry.boxes, position);
   show_marker(context, entry, position);
+}
+
+bool is_of_another_file(const core::Settings& settings, const Entry& entry) {
+  return entry.open && !entry.file.empty() && !platform::same_name(entry.file, registry_file(settings));
 }
 
 std::string record_label(const Record& record) {

@@ -32,6 +32,7 @@ struct Entry {
   std::string stored_memo;      // the memo as it was read
   std::string stored_number;    // column 9 as it was when the panel was filled
   int reads = 0;                // Registry::reads at that moment
+  std::string file;             // the registration file at that moment; empty before the first
   std::optional<double> left;   // where the panel is to open, twips; none: where it is
   bool marker_visible = false;  // the marker Shape, which is centred on the position
   maps::Canvas_point marker;    // canvas units
@@ -75,11 +76,14 @@ bool mnu_henkou(Edit_context context, Entry& entry, Registry& registry, const Cl
 
 // Delete: takes the line of the record out of the file after a question. True when the table must be read and drawn
 // again. Subscript_failure for a file of more than 1,000 lines. Nothing is written, with a message, when the file can't
-// be read or written or holds another record at that place by now.
+// be read or written or holds another record at that place by now, or when the panel's record is of another file.
 bool mnu_del(Edit_context context, Entry& entry, Registry& registry, const Click& click);
 
 // Puts the click's position into the boxes and the marker there. Nothing is stored.
 void move_entry(Edit_context context, Entry& entry, const Click& click);
+
+// Whether another registration file was chosen since the panel was filled: its record belongs to the file before.
+bool is_of_another_file(const core::Settings& settings, const Entry& entry);
 
 // What the question before a deletion calls a record: the measurement number, else the registration number.
 std::string record_label(const Record& record);
@@ -87,8 +91,8 @@ std::string record_label(const Record& record);
 // Closes the panel without a save; a row that was never saved is given back.
 void entry_close(Entry& entry, Registry& registry);
 
-// After the table was read again while the panel is open: a row that is in no file yet comes back behind the others, and
-// a record that is still at its place keeps the line that was drawn for it. `before` is the record as it was.
+// After the table was read again while the panel is open: a row that is in no file yet comes back behind the others,
+// and a record that is still at its place keeps the line that was drawn for it. `before` is the record as it was.
 void entry_follow_read(Entry& entry, Registry& registry, const Record& before);
 
 }  // namespace observations

@@ -57,6 +57,11 @@ bool refused(Edit_context context, const Entry& entry, const Registry& registry,
     context.prompts.message(several_files);
   else if (entry.touroku == 0)
     context.prompts.message(nothing_chosen);
+  else if (is_of_another_file(context.settings, entry))
+    context.prompts.message(
+        "入力中に地点登録ファイルの設定が変わったため、保存しません。元のファイルを選び直して下さい: " + entry.file,
+        "Another registration file was chosen meanwhile, so nothing is saved. Please choose the one before again: " +
+            entry.file);
   else if (!entry.unsaved && registry.rows[entry.touroku].touroku_no != entry.stored_number)
     context.prompts.message("地点登録ファイルが変更されていたため、保存しません: " + path,
                             "The file was changed meanwhile, so nothing was saved: " + path);

@@ -51,21 +51,6 @@ void check_readable(const fs::path& path) {
   check_target(path);
 }
 
-// Collects what `read_piece(to, room)` gives until it gives nothing. The size told is a hint: a file may grow, and some
-// tell none.
-template <typename Read_piece>
-std::string read_by_pieces(std::int64_t size, Read_piece read_piece) {
-  if (size > largest_file_bytes) fail(std::errc::file_too_large);
-  std::string bytes;
-  bytes.reserve(static_cast<std::size_t>(size));
-  std::array<char, 65536> piece;
-  while (const std::size_t got = read_piece(piece.data(), piece.size())) {
-    if (static_cast<std::int64_t>(bytes.size() + got) > largest_file_bytes) fail(std::errc::file_too_large);
-    bytes.append(piece.data(), got);
-  }
-  return bytes;
-}
-
 #ifdef _WIN32
 
 [[noreturn]] void fail_last() {
@@ -245,15 +230,15 @@ File_facts facts_of(const fs::path& path) {
   return facts;
 }
 
-std::string read_file(const fs::path& path) {
+void read_file_pieces(const fs::path& path, const std::function<bool(std::string_view)>& take) {
   check_readable(path);
   const Open_file file(path, GENERIC_READ, OPEN_EXISTING);
   if (!file.is_open()) fail_last();
-  return read_by_pieces(facts_of(path).size, [&](char* to, std::size_t room) {
-    DWORD got = 0;
-    if (!ReadFile(file.handle, to, static_cast<DWORD>(room), &got, nullptr)) fail_last();
-    return static_cast<std::size_t>(got);
-  });
+  std::array<char, 65536> piece;
+  for (DWORD got = 0;;) {
+    if (!ReadFile(file.handle, piece.data(), static_cast<DWORD>(piece.size()), &got, nullptr)) fail_last();
+    if (got == 0 || !take({piece.data(), got})) return;
+  }
 }
 
 void append_file(const fs::path& path, std::string_view bytes) {
@@ -301,17 +286,18 @@ File_facts facts_of(const fs::path& path) {
   return facts;
 }
 
-std::string read_file(const fs::path& path) {
+void read_file_pieces(const fs::path& path, const std::function<bool(std::string_view)>& take) {
   check_readable(path);
   const Open_file file(path, O_RDONLY);
   if (!file.is_open()) fail_last();
-  return read_by_pieces(facts_of(path).size, [&](char* to, std::size_t room) {
+  std::array<char, 65536> piece;
+  while (true) {
     ssize_t got = -1;
-    do got = read(file.handle, to, room);
+    do got = read(file.handle, piece.data(), piece.size());
     while (got < 0 && errno == EINTR);
     if (got < 0) fail_last();
-    return static_cast<std::size_t>(got);
-  });
+    if (got == 0 || !take({piece.data(), static_cast<std::size_t>(got)})) return;
+  }
 }
 
 void append_file(const fs::path& path, std::string_view bytes) {
@@ -328,6 +314,20 @@ void append_file(const fs::path& path, std::string_view bytes) {
 }
 
 #endif
+
+// The size told is a hint: a file may grow, and some tell none.
+std::string read_file(const fs::path& path) {
+  const std::int64_t size = facts_of(path).size;
+  if (size > largest_file_bytes) fail(std::errc::file_too_large);
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(size));
+  read_file_pieces(path, [&](std::string_view piece) {
+    if (static_cast<std::int64_t>(bytes.size() + piece.size()) > largest_file_bytes) fail(std::errc::file_too_large);
+    bytes.append(piece);
+    return true;
+  });
+  return bytes;
+}
 
 std::vector<std::string> names_in(const fs::path& folder) {
   std::vector<std::string> names;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,8 @@ std::vector<std::string> names_in(const std::filesystem::path& folder);
 inline constexpr std::int64_t largest_file_bytes = 2'000'000'000;
 // The whole content of an ordinary file of no more than largest_file_bytes.
 std::string read_file(const std::filesystem::path& path);
+// The content of an ordinary file of any size, a piece at a time, until `take` gives false.
+void read_file_pieces(const std::filesystem::path& path, const std::function<bool(std::string_view)>& take);
 // Writes a temporary file beside the target, flushes it and renames it over the target, whose permission bits it takes
 // over. A symbolic link stays, and what it points at is replaced. On a fault the target is as it was and the temporary
 // file is gone; a kill can leave the temporary file, named ".terranote-<process>-<n>.tmp".

@@ -65,6 +65,10 @@ std::string Disk_files::read_bytes(const std::string& path) {
   return guarded(path, "read", [&] { return read_file(find_path(listings_, path)); });
 }
 
+void Disk_files::read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) {
+  guarded(path, "read", [&] { read_file_pieces(find_path(listings_, path), take); });
+}
+
 void Disk_files::write_whole(const std::string& path, std::string_view bytes) {
   guarded(path, "written", [&] { replace_file(find_path(listings_, path), bytes); });
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,11 @@ class Files {
   virtual std::int64_t length(const std::string& path) = 0;
   // The whole content. File_failure when it can't be read or is larger than 2,000,000,000 bytes.
   virtual std::string read_bytes(const std::string& path) = 0;
+  // Hands the content to `take` from its beginning on, in pieces, until that gives false or the end is there. The
+  // machine's own files have no more than a piece in memory, and no limit. File_failure when it can't be read.
+  virtual void read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) {
+    take(read_bytes(path));
+  }
   // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
   // file as it was and no temporary file behind.
   virtual void write_whole(const std::string& path, std::string_view bytes) = 0;
@@ -47,6 +53,7 @@ class Disk_files : public Files {
  public:
   std::int64_t length(const std::string& path) override;
   std::string read_bytes(const std::string& path) override;
+  void read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) override;
   void write_whole(const std::string& path, std::string_view bytes) override;
   void append(const std::string& path, std::string_view bytes) override;
   void copy(const std::string& from, const std::string& to) override;

@@ -111,6 +111,9 @@ class Journal_files : public Files {
 
   std::int64_t length(const std::string& path) override { return behind_.length(path); }
   std::string read_bytes(const std::string& path) override { return behind_.read_bytes(path); }
+  void read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) override {
+    behind_.read_pieces(path, take);
+  }
   void write_whole(const std::string& path, std::string_view bytes) override;
   void append(const std::string& path, std::string_view bytes) override;
   void copy(const std::string& from, const std::string& to) override;

@@ -42,11 +42,10 @@ void list_show(QComboBox* combo, const QStringList& items, const std::string& te
     combo->clear();
     combo->addItems(wanted);
   }
-  if (combo->isEditable()) {
-    if (combo->currentText() != shown) combo->setEditText(shown);
-  } else {
-    combo->setCurrentIndex(static_cast<int>(wanted.indexOf(shown)));
-  }
+  // A text that is not in the list stands before its first entry: the Down key goes there.
+  const int entry = static_cast<int>(wanted.indexOf(shown));
+  if (combo->currentIndex() != entry) combo->setCurrentIndex(entry);
+  if (combo->isEditable() && combo->currentText() != shown) combo->setEditText(shown);
 }
 
 QStringList to_list(core::Choices choices) {

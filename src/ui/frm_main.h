@@ -90,6 +90,7 @@ class Frm_main : public QMainWindow {
   // frm_main_sheets.cpp
   QWidget* build_sheet_list();
   void activate();
+  void follow_registry();
   void show_sheet_list();
   void open_row(int row);
   void show_row(int row);

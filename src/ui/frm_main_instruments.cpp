@@ -42,7 +42,6 @@ void Frm_main::open_clinometer(bool with_memory) {
   if (session_.entry.open) close_record();
   if (session_.entry.open) return;
   guarded([this, with_memory] {
-    const platform::Journal_operation operation(ports_.journal, "クリノメータデータの登録", "Clinometer data");
     Tiltvane_read2 dialog(session_, ports_, this);
     connect(&dialog, &Tiltvane_read2::registry_written, this, &Frm_main::project_changed);
     if (with_memory) dialog.show_memory();
@@ -89,6 +88,7 @@ void Frm_main::switch_gps() {
     if (session_.flags.gps_running == 1) {
       Timer2_->stop();
       session::gps_stop(session_, *MSComm1_);
+      gps_sheet_->clear();
       show_project();
     } else {
       session::gps_start(session_, ports_, *MSComm1_);
@@ -103,7 +103,10 @@ void Frm_main::gps_tick() {
   guarded([this] {
     const session::Gps_followed followed = session::gps_tick(session_, ports_, *MSComm1_);
     if (followed.moved) {
-      gps_sheet_->setText(to_toolkit(followed.Label16));
+      // The folder is on a page that may be covered; a position without a map must be seen on each.
+      gps_sheet_->setText(followed.outside && followed.Label16.empty()
+                              ? QString::fromUtf8(japanese() ? "範囲外" : "Outside all sheets")
+                              : to_toolkit(followed.Label16));
       shown_folder_->setText(to_toolkit(followed.data_path));
     }
     if (followed.row >= 0) {

@@ -60,6 +60,7 @@ void Frm_main::map_pressed(int button, double x, double y) {
   });
   show_tool();
   if (session_.entry.open && result.taken) Frame6_->boxes_out();
+  if (table_ && result.taken) table_->select(session_.highlighted);
   if (result.point_menu) show_point_menu(QCursor::pos());
 }
 

@@ -125,7 +125,7 @@ void Frm_main::activate() {
   guarded([this] {
     const session::Activated outcome = session::form_activate(session_, ports_, {false, false});
     Frame6_->lists_fill();
-    if (outcome == session::Activated::nothing) return;
+    if (outcome == session::Activated::nothing) return follow_registry();
     session::journal_r(session_, ports_);
     apply_captions();
     fill_lists();
@@ -133,6 +133,13 @@ void Frm_main::activate() {
     show_all();
     if (outcome == session::Activated::settings_asked) open_settings();
   });
+}
+
+// What another program has written meanwhile comes to the map and the table.
+void Frm_main::follow_registry() {
+  if (!session_.sheet_shown() || !session::registry_follow(session_, ports_)) return;
+  show(session::Redraw::all);
+  records_changed();
 }
 
 void Frm_main::show_sheet_list() {

@@ -16,7 +16,7 @@
 #include <algorithm>
 
 #include "core/language.h"
-#include "observations/photo_read.h"
+#include "core/session/entry.h"
 #include "platform/numbers.h"
 #include "ui/folder_box.h"
 #include "ui/guard.h"
@@ -436,11 +436,7 @@ void Frm_sel_picture::photo_read() {
   boxes_from_widgets();
   const geodesy::Point position{platform::val(boxes_.Text2), platform::val(boxes_.Text3)};
   observations::Photo_result result;
-  guarded([&] {
-    const platform::Journal_operation operation(ports_.journal, "写真から地点を登録", "Make points from photos");
-    result = observations::photo_read({session_.settings, session_.canvas, ports_.files, ports_.clock, ports_.prompts},
-                                      session_.registry, boxes_.Dir1, position);
-  });
+  guarded([&] { result = session::photo_read(session_, ports_, boxes_.Dir1, position); });
   if (!result.saved) return;
   told_->setText(either("登録した地点: ", "Points made: ") + to_toolkit(std::to_string(result.added)));
   emit registered();

@@ -24,7 +24,7 @@ class Stereonet_view : public QWidget {
   const std::vector<instruments::Measured>& measured() const { return measured_; }
 
   QSize sizeHint() const override { return {360, 430}; }
-  QSize minimumSizeHint() const override { return {300, 360}; }
+  QSize minimumSizeHint() const override { return {280, 310}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -83,6 +83,7 @@ Tiltvane_connect::Tiltvane_connect(session::Session& session, session::Ports& po
       japanese_(core::is_japanese(session.settings.language)),
       full_(full) {
   lay_out();
+  if (full_) take_model_at_first_use();
   connect_all();
   take_boxes();
   show_offer();
@@ -279,10 +280,12 @@ void Tiltvane_connect::take_boxes() {
   boxes_.Text1 = from_toolkit(Text1_->text());
 }
 
-// Both timers rest while a procedure works, since it may show a message, during which events go on.
+// Both timers rest while a procedure works, since it may show a message, during which events go on. The label then
+// tells how the talk stands by now.
 void Tiltvane_connect::run(const std::function<bool()>& procedure) {
   Timer1_->stop();
   Timer3_->stop();
+  QTimer::singleShot(0, this, &Tiltvane_connect::show_link);
   bool read = false;
   guarded(ports_.prompts, [&] { read = procedure(); });
   show_link();
@@ -359,6 +362,14 @@ void Tiltvane_connect::show_model() {
   model_->setToolTip(known ? either("表示中の地図の中央での国際標準磁場（2005年）の偏角を入力します。",
                                     "Takes the declination of the reference field (2005) at the middle of the map.")
                            : reason);
+}
+
+// Before anything was ever stored the map's place knows better than a declination of 0.
+void Tiltvane_connect::take_model_at_first_use() {
+  const std::string& program = session_.settings.program_path;
+  for (const char* stored : {"henkaku.dat", "RSPORT.dat"})
+    if (ports_.files.length(platform::join_path(program, stored)) > 0) return;
+  if (!model_declination_.empty()) use_model();
 }
 
 void Tiltvane_connect::show_link() {

@@ -59,6 +59,7 @@ class Tiltvane_connect : public QWidget {
   void read_again();
   void save_declination();
   void use_model();
+  void take_model_at_first_use();
   void show_link();
   void show_status();
   void show_progress();

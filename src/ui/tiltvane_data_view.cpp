@@ -142,7 +142,7 @@ void Tiltvane_data_view::showEvent(QShowEvent* event) {
 }
 
 instruments::Data_context Tiltvane_data_view::context() {
-  return {session_.settings, ports_.files, ports_.clock, ports_.prompts};
+  return {session_.settings, ports_.files, ports_.clock, ports_.prompts, &ports_.journal};
 }
 
 double Tiltvane_data_view::declination() const {

@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -14,6 +15,7 @@ namespace ui {
 namespace {
 
 constexpr QSize first_size(1160, 760);
+constexpr QSize frame_room(16, 56);  // of the title bar and the edges: a small screen shows the last button too
 
 }  // namespace
 
@@ -25,7 +27,7 @@ Tiltvane_read2::Tiltvane_read2(session::Session& session, session::Ports& ports,
   setObjectName("Tiltvane_Read2");
   lay_out(core::is_japanese(session.settings.language));
   connect_all();
-  resize(first_size);
+  resize(first_size.boundedTo(screen()->availableSize() - frame_room));
 }
 
 void Tiltvane_read2::lay_out(bool japanese) {

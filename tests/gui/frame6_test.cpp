@@ -351,6 +351,15 @@ TEST_P(Frame6, CanOnlyBeUsedWhileTheRecordIsOpen) {
   EXPECT_FALSE(find<QWidget>("entry_new")->isEnabled());
 }
 
+TEST_P(Frame6, GoesToTheFirstEntryByDownInAnEmptyListBox) {
+  place.open();
+  find<QComboBox>("Combo7")->setEditText("");
+  place.frame->boxes_out();
+  QTest::keyClick(find<QComboBox>("Combo7"), Qt::Key_Down);
+  EXPECT_EQ(choice("Combo7"), either("地層境界面", "Boundary"));
+  EXPECT_EQ(boxes.Combo7, either("地層境界面", "Boundary"));
+}
+
 TEST_P(Frame6, SavesByEnterFromEachBox) {
   place.open();
   for (const char* name : text_boxes) QTest::keyClick(find<QWidget>(name), Qt::Key_Return);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "instruments/data_place.h"
+#include "instruments/in_pieces.h"
 
 namespace {
 
@@ -78,6 +79,18 @@ TEST_F(Measurement_files, DeletesAFileAfterTwoQuestions) {
   EXPECT_EQ(saved_files(files, folder.text()), Texts{});
 }
 
+TEST_F(Measurement_files, TakesADeletionBack) {
+  platform::Journal journal(disk);
+  platform::Journal_files kept(disk, journal);
+  disk.make_folder(folder.text() + "\\state");
+  ASSERT_EQ(journal.open(folder.text() + "\\state", project, folder.text()), platform::Journal_state::kept);
+  put_program("Tiltvane\\a.csv", {support::plane_alone});
+  prompts.answers = {platform::Answer::yes, platform::Answer::yes};
+  EXPECT_TRUE(Command1({settings, kept, clock, prompts, &journal}, "a.csv"));
+  EXPECT_EQ(journal.undo().outcome, platform::Undo_outcome::done);
+  EXPECT_EQ(program_bytes("Tiltvane\\a.csv"), support::lines_932({support::plane_alone}));
+}
+
 TEST_F(Measurement_files, AsksTheTwoQuestionsInEnglish) {
   put_program("Tiltvane\\a.csv", {"x"});
   speak("English");
@@ -144,6 +157,16 @@ TEST_F(Measurement_files, ShowsTwelveHundredRowsAndSaysThatThereAreMore) {
   Tiltvane_out2(list, files, folder.text());
   EXPECT_EQ(list.rows.size(), 1200u);
   EXPECT_TRUE(list.shortened);
+}
+
+TEST_F(Measurement_files, ReadsNoMoreOfAMillionLinesThanItShows) {
+  support::In_pieces million;
+  million.size = 65'536;
+  for (int i = 0; i < 1'000'000; ++i) million.bytes += "1,P,N20W,30E\r\n";
+  Tiltvane_out(list, million, "a.csv");
+  EXPECT_EQ(list.rows.size(), 1200U);
+  EXPECT_TRUE(list.shortened);
+  EXPECT_LE(million.handed, 1);  // 1,201 lines of 14 bytes end in the first piece
 }
 
 TEST_F(Measurement_files, HasNoRowsWithoutAFile) {

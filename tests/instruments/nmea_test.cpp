@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "instruments/in_pieces.h"
 #include "instruments/receiver_place.h"
 
 namespace {
@@ -102,6 +103,58 @@ TEST(Nmea_sound, DoubtsWhatNoReceiverSends) {
 
 TEST(Nmea_sound, LooksNoFurtherThanTheLine) {
   EXPECT_TRUE(instruments::is_sound(support::gga_here + "noise*00\r\n"));
+}
+
+// The lines that hold anything.
+std::vector<std::string> lines_in(support::In_pieces& files, bool* whole = nullptr) {
+  std::vector<std::string> lines;
+  const bool read = instruments::each_log_line(files, "a", [&](std::string_view line) {
+    if (!line.empty()) lines.emplace_back(line);
+    return true;
+  });
+  if (whole) *whole = read;
+  return lines;
+}
+
+TEST(Each_log_line, IsTheSameWhereverThePiecesEnd) {
+  support::In_pieces files;
+  files.bytes = "one\r\ntwo\nthree\rfour";
+  for (files.size = 1; files.size < 30; ++files.size)
+    EXPECT_EQ(lines_in(files), (std::vector<std::string>{"one", "two", "three", "four"})) << files.size;
+  files.bytes +=
+      "\r\n\x1a"
+      "five\r\n";
+  for (files.size = 1; files.size < 30; ++files.size) EXPECT_EQ(lines_in(files).size(), 4U) << files.size;
+}
+
+TEST(Each_log_line, KeepsTheBeginningOfALineWithoutAnEnd) {
+  support::In_pieces files;
+  files.size = 1000;
+  files.bytes = "$GPGGA," + std::string(3'000'000, 'x') + "\r\nnext\r\n";
+  const std::vector<std::string> lines = lines_in(files);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].size(), instruments::longest_log_line);
+  EXPECT_EQ(lines[1], "next");
+}
+
+TEST(Each_log_line, ReadsNoFurtherThanItIsAsked) {
+  support::In_pieces files;
+  files.size = 10;
+  files.bytes = std::string(50'000, '\n');
+  EXPECT_TRUE(instruments::each_log_line(files, "a", [](std::string_view) { return false; }));
+  EXPECT_EQ(files.handed, 0);
+}
+
+TEST(Each_log_line, SaysThatAFileEndedInAFailure) {
+  support::In_pieces files;
+  files.bytes = "one\r\n";
+  files.fails = true;
+  bool whole = true;
+  lines_in(files, &whole);
+  EXPECT_FALSE(whole);
+  files.bytes.clear();
+  lines_in(files, &whole);
+  EXPECT_TRUE(whole);  // there is nothing to read
 }
 
 TEST(Nmea_line, EndsAtEveryKindOfLineEnd) {

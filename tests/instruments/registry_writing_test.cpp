@@ -40,14 +40,44 @@ TEST_F(Registry_writing, AddsWhatStandsSomewhereAndTurnsWhatIsKnown) {
   EXPECT_EQ(prompts.shown, Texts{"3個のデータを書き込みました。"});
 }
 
-TEST_F(Registry_writing, TakesThePlacesOfATrack) {
+TEST_F(Registry_writing, NamesTheMarkOfNewRecordsInEnglish) {
   put_lines({old_point});
   speak("English");
   show_three();
-  walk({"2008/11/15,012030", "2008/11/14,230509"});
-  EXPECT_EQ(press().count, 2);
-  EXPECT_TRUE(support::same_as_golden(bytes(), "instruments/registry_track_english.csv"));
-  EXPECT_EQ(prompts.shown, Texts{"2 Data Saved"});
+  EXPECT_EQ(press().count, 3);
+  EXPECT_TRUE(support::same_as_golden(bytes(), "instruments/registry_english.csv"));
+  EXPECT_EQ(prompts.shown, Texts{"3 Data Saved"});
+}
+
+TEST_F(Registry_writing, TakesThePlacesOfATrack) {
+  for (const std::string language : {"Japanese", "English"}) {
+    put_lines({old_point});
+    speak(language);
+    show_three();
+    walk({"2008/11/15,012030", "2008/11/14,230509"});
+    EXPECT_EQ(press().count, 2);
+    const bool japanese = language == "Japanese";
+    EXPECT_TRUE(support::same_as_golden(
+        bytes(), japanese ? "instruments/registry_track_japanese.csv" : "instruments/registry_track_english.csv"));
+    EXPECT_EQ(prompts.shown.back(), japanese ? "2個のデータを書き込みました。" : "2 Data Saved");
+  }
+}
+
+TEST_F(Registry_writing, IsTakenBackAloneAndNotWhatWasSavedBefore) {
+  platform::Journal journal(disk);
+  platform::Journal_files kept(disk, journal);
+  disk.make_folder(folder.text() + "\\state");
+  ASSERT_EQ(journal.open(folder.text() + "\\state", project, folder.text()), platform::Journal_state::kept);
+  put_lines({old_point});
+  show_three();
+  const Data_context with_journal{settings, kept, clock, prompts, &journal};
+  const std::string saved = Command10(with_journal, list, "-7");
+  EXPECT_EQ(Tiltvane_File_Make(with_journal, registry, list, boxes).count, 3);
+  EXPECT_EQ(journal.undo().outcome, platform::Undo_outcome::done);
+  EXPECT_EQ(bytes(), support::lines_932({old_point}));
+  EXPECT_GT(disk.length(tiltvane_folder(folder.text(), saved)), 0);
+  EXPECT_GT(disk.length(folder.text() + "\\RSPORT.dat"), 0);
+  EXPECT_EQ(journal.undo_title(), nullptr);
 }
 
 TEST_F(Registry_writing, CopiesTheFolderAsEachSaveDoes) {

@@ -163,6 +163,15 @@ TEST_F(Routes_read, HoldsTenThousandPointsOfAllTracksTogether) {
   EXPECT_FALSE(read());
 }
 
+TEST_F(Routes_read, LooksForAThousandFilesOfAList) {
+  std::string names;
+  for (int i = 0; i < 1'001; ++i) names += std::to_string(i) + ".txt\r\n";
+  put(data("keiro_out.dat"), names);
+  read();
+  EXPECT_THAT(routes.files, SizeIs(1'000));
+  EXPECT_EQ(routes.files.back().path, gps + "\\999.txt");
+}
+
 TEST_F(Routes_read, TakesAListThatIsNoList) {
   put(data("keiro_out.dat"), std::string("\0\x81\xff\r\n\x1a", 6));
   put(data("keiro_out2.dat"), std::string(100'000, '\\') + "\r\n" + gps);

@@ -36,11 +36,13 @@ TEST_F(Stereo_net_file, IsWrittenAgainstMagneticNorthInEnglish) {
   EXPECT_EQ(prompts.shown, (Texts{"File is made by the magnetic north display. ", "3data was written."}));
 }
 
-TEST_F(Stereo_net_file, TellsTheOtherTwoTexts) {
+TEST_F(Stereo_net_file, IsWrittenTheOtherWayInEachLanguage) {
   show_three();
   press(false);
+  EXPECT_TRUE(support::same_as_golden(disk.read_bytes(target), "instruments/stereo_net_magnetic_japanese.csv"));
   speak("English");
   press(true);
+  EXPECT_TRUE(support::same_as_golden(disk.read_bytes(target), "instruments/stereo_net_true_english.csv"));
   EXPECT_EQ(prompts.shown[0], "偏角補正を行わず磁北表示でファイルが作成されます。");
   EXPECT_EQ(prompts.shown[2], "File is made by the true north display. ");
 }

@@ -111,6 +111,17 @@ TEST(Stereonet, NamesItsSidesAndSigns) {
   EXPECT_TRUE(recorder.of("polyline").empty());
 }
 
+// A letter of 26 units is half as wide; a sign needs 30 more.
+TEST(Stereonet, LeavesRoomForTheNamesUnderASmallNet) {
+  support::Recorder recorder;
+  stereonet_out(recorder, net, {}, {}, net_texts({}, false));
+  const std::vector<Drawn> texts = recorder.of("text");
+  ASSERT_EQ(texts.back().text, "mean pole");
+  const Drawn& lineation = texts[texts.size() - 2];
+  ASSERT_EQ(lineation.text, "lineation");
+  EXPECT_GE(texts.back().points[0].x - lineation.points[0].x, 9 * 13 + 30);
+}
+
 TEST(Stereonet, LeavesOutAnEmptyLineOfTheMean) {
   support::Recorder with, without;
   stereonet_out(with, net, {}, {}, words);

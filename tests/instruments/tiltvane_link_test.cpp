@@ -430,4 +430,15 @@ TEST_F(Tiltvane_link, EmptiesTheLogAtTheStartAndKeepsTheLastOne) {
   EXPECT_EQ(bytes("Tiltvane.old"), record) << "a download that brings nothing costs nothing";
 }
 
+TEST_F(Tiltvane_link, OffersTheDownloadBeforeOneThatBroughtNoiseOnly) {
+  read({record});
+  read_ticks(60);
+  read({"\xff\x80\r\n,"});
+  read_ticks(60);
+  EXPECT_EQ(instruments::broken_download(files, program).path, "C:\\program\\Tiltvane.old");
+  EXPECT_EQ(instruments::broken_download(files, program).records, 1u);
+  read({});
+  EXPECT_EQ(bytes("Tiltvane.old"), record);
+}
+
 }  // namespace

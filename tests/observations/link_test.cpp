@@ -88,6 +88,26 @@ TEST_F(Link, IsNotHitInAnEmptyRegistry) {
   EXPECT_EQ(observations::open_link(link_context(), press.position, press.x, press.y), Link_opened::none);
 }
 
+TEST_F(Link, ToAFileIsItsPathBelowTheProject) {
+  using observations::link_to;
+  EXPECT_EQ(link_to(project, path("a.JPG")), "a.JPG");
+  EXPECT_EQ(link_to(project, path("写真\\沢1\\a.jpg")), "写真\\沢1\\a.jpg");
+  EXPECT_EQ(link_to(project, project + "\\photo\\a.jpg"), "photo\\a.jpg");
+  EXPECT_EQ(link_to(project + "\\", project + "\\Photo//\\B.jpg"), "Photo\\B.jpg");
+  EXPECT_EQ(link_to("C:\\Data\\p", "c:/data/P/photo/a.jpg"), "photo\\a.jpg");
+}
+
+TEST_F(Link, ToAFileBesideTheProjectIsNone) {
+  using observations::link_to;
+  EXPECT_EQ(link_to(project, folder.text() + "\\photo\\a.jpg"), "");
+  EXPECT_EQ(link_to(project, project + "2\\a.jpg"), "");
+  EXPECT_EQ(link_to(project, project), "");
+  EXPECT_EQ(link_to(project, project + "\\photo\\..\\..\\a.jpg"), "");
+  EXPECT_EQ(link_to(project, project + "\\x\\..\\photo\\a.jpg"), "photo\\a.jpg");
+  EXPECT_EQ(link_to(project, project + "\\photo\\x\\..\\a.jpg"), "");
+  EXPECT_EQ(link_to("", "a.jpg"), "");
+}
+
 TEST_F(Link, OpensWhatThePressedRecordNames) {
   put("picture", "a.jpg");
   add(210, 600, "a.jpg");

@@ -4,6 +4,7 @@
 
 #include <ctime>
 
+#include "observations/link.h"
 #include "observations/store_place.h"
 #include "platform/failures.h"
 
@@ -80,12 +81,51 @@ TEST_F(Photo_read, AsksWithTheNumberOfPhotos) {
   photo("b.jpg", "x");
   prompts.answers = {platform::Answer::no};
   EXPECT_FALSE(photo_read().saved);
-  EXPECT_THAT(prompts.shown, ElementsAre("写真 2 枚を1枚1地点として登録します。よろしいですか。"));
+  EXPECT_THAT(prompts.shown,
+              ElementsAre("写真 2 枚を1枚1地点として登録します。よろしいですか。\n"
+                          "フォルダがプロジェクトの外にあるため、地図の記号を押しても写真は開きません。"));
   EXPECT_EQ(bytes(), "");
   EXPECT_EQ(registry.N, 0);
   prompts.use_language("English");
   photo_read();
-  EXPECT_EQ(prompts.shown.back(), "Register 2 photos, one point each?");
+  EXPECT_EQ(prompts.shown.back(),
+            "Register 2 photos, one point each?\n"
+            "The folder lies outside the project, so a press on a mark will not open its photo.");
+}
+
+TEST_F(Photo_read, LinksAPhotoOfTheProjectByItsFolders) {
+  for (const char* inside : {"\\写真", "\\写真\\沢1", "\\chisou_men\\a"}) {
+    photos = project + inside;
+    disk.make_folder(photos);
+    photo("a.jpg", "x");
+    prompts.answers = {platform::Answer::yes};
+    ASSERT_EQ(photo_read().added, 1);
+    EXPECT_EQ(prompts.shown.back(), "写真 1 枚を1枚1地点として登録します。よろしいですか。");
+    const std::string& gazou = registry.rows[registry.N].gazou;
+    EXPECT_EQ(observations::linked_file(disk, project, gazou), photos + "\\a.jpg");
+  }
+  EXPECT_EQ(registry.rows[1].gazou, "写真\\a.jpg");
+  EXPECT_EQ(registry.rows[2].gazou, "写真\\沢1\\a.jpg");
+  EXPECT_EQ(registry.rows[3].gazou, "a\\a.jpg");
+  EXPECT_FALSE(photo_read().saved);
+  EXPECT_EQ(registry.N, 3);
+}
+
+TEST_F(Photo_read, KnowsAPhotoOfTheProjectByItsBareName) {
+  photos = project + "\\photo";
+  disk.make_folder(photos);
+  photo("a.jpg", "x");
+  put_lines({point("081115-001", "A.JPG", "2008/11/15 09:30:00")});
+  EXPECT_FALSE(photo_read().saved);
+  EXPECT_THAT(prompts.shown, ElementsAre("新しく登録する写真がありません。"));
+}
+
+TEST_F(Photo_read, TakesTheBareNameWhereARecordCanNotHoldTheFolder) {
+  photos = project + "\\a,b";
+  disk.make_folder(photos);
+  photo("a.jpg", "x");
+  ASSERT_TRUE(photo_read().saved);
+  EXPECT_EQ(registry.rows[1].gazou, "a.jpg");
 }
 
 TEST_F(Photo_read, AddsNoPhotoTwice) {

@@ -52,6 +52,26 @@ class Files_on_disk : public ::testing::Test {
   Disk_files files_;
 };
 
+TEST_F(Files_on_disk, HandOutAFileInPiecesUntilTheyAreStopped) {
+  std::string bytes;
+  for (int i = 0; i < 100'000; ++i) bytes += std::to_string(i) + "\n";
+  put("a.txt", bytes);
+  std::string got;
+  std::size_t pieces = 0, largest = 0;
+  files_.read_pieces(path("A.TXT"), [&](std::string_view piece) {
+    got += piece;
+    largest = std::max(largest, piece.size());
+    return ++pieces > 0;
+  });
+  EXPECT_EQ(got, bytes);
+  EXPECT_GT(pieces, 1U);
+  EXPECT_LE(largest, 1'000'000U);
+  pieces = 0;
+  files_.read_pieces(path("a.txt"), [&](std::string_view) { return ++pieces < 2; });
+  EXPECT_EQ(pieces, 2U);
+  EXPECT_THROW(files_.read_pieces(path("none.txt"), [](std::string_view) { return true; }), File_failure);
+}
+
 TEST_F(Files_on_disk, TellLengthZeroForWhatIsNoFile) {
   put("a.txt", "12345");
   put("empty.txt", "");

@@ -12,7 +12,7 @@ done
 
 road=$(mktemp -d)
 program=$road/program
-server='' manager='' running='' window=''
+server='' manager='' running='' instruments='' window=''
 
 say() { printf '%s\n' "$*"; }
 fail() {
@@ -27,7 +27,7 @@ road_end() {
     import -silent -window root "$picture" 2>/dev/null && say "The display at that moment: $picture"
     [ ! -s "$road/program.log" ] || { say "The program said:"; tail -n 30 "$road/program.log"; }
   fi
-  for process in $running $manager $server; do kill -9 "$process" 2>/dev/null || true; done
+  for process in $running $instruments $manager $server; do kill -9 "$process" 2>/dev/null || true; done
   wait 2>/dev/null || true
   rm -rf "$road"
   exit $status
@@ -53,7 +53,7 @@ display_start() {
   mkdir -m 700 "$road/home" "$road/runtime"
   export HOME=$road/home XDG_RUNTIME_DIR=$road/runtime XDG_CACHE_HOME=$road/home XDG_CONFIG_HOME=$road/home
   export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-  unset WAYLAND_DISPLAY QT_SCALE_FACTOR QT_FONT_DPI QT_STYLE_OVERRIDE QT_IM_MODULE XMODIFIERS
+  unset WAYLAND_DISPLAY XDG_STATE_HOME QT_SCALE_FACTOR QT_FONT_DPI QT_STYLE_OVERRIDE QT_IM_MODULE XMODIFIERS
   # What the fonts' and the display's libraries keep until the end is no leak of the program.
   export ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0
   Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$road/number" 2>"$road/server.log" &

@@ -116,6 +116,42 @@ TEST_F(Entry, DeleteAsksAndTakesTheLineOut) {
   EXPECT_EQ(prompts.shown.back(), "[May I delete the specified point?1]");
 }
 
+// The limits are those of the table and of the deletion; the sentences are the user's.
+TEST_F(Entry, TellsThatTheTableIsFull) {
+  std::string lines;
+  for (int i = 0; i < observations::record_limit; ++i) lines += "0,1,2\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  press_at(Button::right, 300, 400);
+  EXPECT_FALSE(session::mnu_sinki(session, ports));
+  EXPECT_EQ(prompts.shown.back(), "A registration file holds 15000 points, and this one is full.");
+  EXPECT_FALSE(session.entry.open);
+  EXPECT_EQ(session.registry.N, observations::record_limit);
+}
+
+TEST_F(Entry, TellsHowMuchOfALongFileIsShown) {
+  std::string lines;
+  for (int i = 0; i <= observations::record_limit; ++i) lines += "0,1,2\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  EXPECT_EQ(prompts.shown.back(),
+            "The point registration file can't be read to its end. Its first 15000 points are shown, and no change of "
+            "them is saved.");
+}
+
+TEST_F(Entry, TellsThatNothingCanBeDeletedFromALongFile) {
+  std::string lines;
+  for (int i = 0; i < 1001; ++i) lines += "0,300,400\r\n";
+  files.write_whole(project() + "/chisou_men/genchi.csv", lines);
+  session::registry_r(session, ports);
+  press_at(Button::right, 300, 400);
+  prompts.answers = {Answer::ok};
+  EXPECT_FALSE(session::mnu_del(session, ports));
+  EXPECT_EQ(prompts.shown.back(), "Nothing can be deleted from a registration file of more than 1000 lines.");
+  EXPECT_EQ(registry(), lines);
+  EXPECT_EQ(session.registry.N, 1001);
+}
+
 TEST_F(Entry, LeavingAPanelWithUnsavedEntriesOffersToKeepThem) {
   open_new(300, 400);
   session::entry_edited(session);
@@ -155,6 +191,22 @@ TEST_F(Entry, ALineIsDrawnPressByPressAndEndsAtTheMouse) {
       " 0 ,300.0,400.0,,,,,,081115-001*1,,Line, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,,,, 3 , 100 , 100 , 200 , "
       "100 , 250 , 150 ,\r\n"));
   EXPECT_EQ(session.registry.rows[1].X, 100);  // a line stands at its first vertex
+}
+
+TEST_F(Entry, ALineThatIsNotEndedIsNotLostByASave) {
+  open_new(300, 400);
+  session.entry.boxes.Combo1 = "Line";
+  session::Command6(session, ports);
+  press_at(Button::left, 100, 100);
+  EXPECT_EQ(session.flags.data_dirty, 1);  // closing the panel asks
+  EXPECT_FALSE(session::Command9(session, ports).saved);
+  EXPECT_EQ(prompts.shown.back(), "A line is being drawn. Please end it before you save.");
+  EXPECT_EQ(session.line.vertices.size(), 1u);
+  EXPECT_TRUE(session.entry.open);
+  follow_the_mouse(200, 100);
+  session::Command31(session);
+  EXPECT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_EQ(session.registry.rows[1].vertices.size(), 2u);
 }
 
 TEST_F(Entry, ARightPressFixesTheFreeEndOfALine) {
@@ -228,6 +280,30 @@ TEST_F(Entry, WhatIsInNoFileYetOutlivesAReadingOfTheRegistry) {
   EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
 }
 
+// The settings, with another registration file or project, are saved while the panel is open.
+TEST_F(Entry, ARecordGoesToNoOtherFileThanTheOneItWasOpenedFrom) {
+  save_new(600, 700);
+  const std::string name = session.settings.registry_name;
+  const std::string copy = project() + "/chisou_men/copy.csv";
+  files.copy(project() + "/chisou_men/" + name, copy);
+  const std::string before = files.read_bytes(copy);
+  press_at(Button::right, 600, 700);
+  ASSERT_TRUE(session::mnu_henkou(session, ports));
+  box(observations::box_soukou) = "N40E";
+  session.settings.registry_name = "copy.csv";
+  session::registry_r(session, ports);
+  EXPECT_FALSE(session::Command9(session, ports).saved);
+  EXPECT_NE(prompts.shown.back().find("Another registration file was chosen meanwhile"), std::string::npos);
+  EXPECT_FALSE(session::mnu_del(session, ports));
+  EXPECT_NE(prompts.shown.back().find("Another registration file was chosen meanwhile"), std::string::npos);
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(files.read_bytes(copy), before);
+  session.settings.registry_name = name;
+  session::registry_r(session, ports);
+  EXPECT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_EQ(session.registry.rows[1].soukou, "N40E");
+}
+
 TEST_F(Entry, AnotherProgramsRecordIsKeptWhenANewOneIsGivenUp) {
   save_new(600, 700);
   open_new(300, 400);
@@ -240,6 +316,49 @@ TEST_F(Entry, AnotherProgramsRecordIsKeptWhenANewOneIsGivenUp) {
   EXPECT_EQ(session.registry.rows[2].X, 1);
 }
 
+TEST_F(Entry, ASaveKeepsWhatAnotherProgramHasWrittenMeanwhile) {
+  save_new(600, 700);
+  open_new(300, 400);
+  files.append(project() + "/chisou_men/genchi.csv", "1,1,2,\r\n");
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  ASSERT_EQ(session.registry.N, 3);
+  EXPECT_EQ(session.registry.rows[2].X, 1);
+  EXPECT_EQ(session.registry.rows[3].X, 300);
+  EXPECT_FALSE(session::registry_follow(session, ports));
+  files.append(project() + "/chisou_men/genchi.csv", "1,5,6,\r\n");
+  EXPECT_TRUE(session::registry_follow(session, ports));
+  EXPECT_EQ(session.registry.N, 4);
+}
+
+TEST_F(Entry, ARecordThatIsInNoFileYetStaysMarkedBehindThoseThatCome) {
+  save_new(600, 700);
+  open_new(300, 400);
+  ASSERT_EQ(session.highlighted, 2);
+  files.append(project() + "/chisou_men/genchi.csv", "1,1,2,\r\n");
+  EXPECT_TRUE(session::registry_follow(session, ports));
+  EXPECT_EQ(session.entry.touroku, 3);
+  EXPECT_EQ(session.highlighted, 3);
+}
+
+TEST_F(Entry, PointsFromPhotosLeaveTheRecordInThePanelAlone) {
+  open_new(300, 400);
+  session.entry.boxes.Combo1 = "Line";
+  session::Command6(session, ports);
+  press_at(Button::left, 100, 100);
+  follow_the_mouse(200, 100);
+  session::Command31(session);
+  files.make_folder(project() + "/photo");
+  files.write_whole(project() + "/photo/a.jpg", "x");
+  prompts.answers = {Answer::yes};
+  EXPECT_EQ(session::photo_read(session, ports, project() + "/photo", {500, 600}).added, 1);
+  EXPECT_EQ(session.entry.touroku, 2);
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  ASSERT_EQ(session.registry.N, 2);
+  EXPECT_EQ(session.registry.rows[1].gazou, "photo\\a.jpg");
+  EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
+  EXPECT_EQ(session.registry.rows[2].keisoku_jikoku, "");
+}
+
 TEST_F(Entry, APressMarksTheRecordUnderIt) {
   save_new(300, 400);
   session.highlighted = 0;
@@ -247,6 +366,23 @@ TEST_F(Entry, APressMarksTheRecordUnderIt) {
   EXPECT_EQ(session.highlighted, 1);
   session::highlight_at(session, twips_x(900), twips_y(900));
   EXPECT_EQ(session.highlighted, 0);
+}
+
+// The press goes to the link, and still marks the record that it belongs to.
+TEST_F(Entry, APressThatOpensALinkMarksTheRecordToo) {
+  save_new(600, 700);
+  open_new(300, 400);
+  session.entry.boxes.Label3 = "a.jpg";
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  session.highlighted = 0;
+  EXPECT_TRUE(press_at(Button::left, 300, 400).taken);
+  EXPECT_EQ(session.highlighted, 2);
+  EXPECT_EQ(session.notice.english, "It can't be opened: a.jpg");
+  session.notice = {};
+  files.write_whole(project() + "/chisou_men/a.jpg", "x");
+  EXPECT_TRUE(press_at(Button::left, 300, 400).taken);
+  EXPECT_EQ(session.notice.english, "");
+  EXPECT_FALSE(press_at(Button::left, 600, 700).taken);
 }
 
 TEST_F(Entry, AMarkedRecordOutOfSightComesToTheMiddle) {
@@ -290,8 +426,14 @@ TEST_F(Entry, UndoWaitsForUnsavedEntries) {
 }
 
 TEST_F(Entry, TheNextSessionOnAProjectRemovesWhatAKilledSaveLeft) {
-  const std::string left = project() + "/chisou_men/.terranote-2147483647-1.tmp";
-  files.write_whole(left, "half a regi");
-  session::journal_r(session, ports);
-  EXPECT_EQ(files.length(left), 0);
+  const std::string observations = project() + "/chisou_men";
+  files.make_folder(observations + "/csv");
+  files.make_folder(session.settings.program_path + "/Tiltvane");
+  for (const std::string& place :
+       {observations, observations + "/csv", project(), session.settings.program_path + "/Tiltvane"}) {
+    const std::string left = place + "/.terranote-2147483647-1.tmp";
+    files.write_whole(left, "half a regi");
+    session::journal_r(session, ports);
+    EXPECT_EQ(files.length(left), 0) << left;
+  }
 }

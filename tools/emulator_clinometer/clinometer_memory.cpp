@@ -40,7 +40,7 @@ std::string lineation_of(int number) {
 
 std::string position_of(int number) {
   if (number % 5 == 0) return "V,,,,";
-  return printed("A,3541.%04d,N,13945.%04d,E", 1000 + number * 3, 6000 - number * 2);
+  return printed("A,3541.%04d,N,13848.%04d,E", 1000 + number * 137 % 8000, 1000 + number * 211 % 8000);
 }
 
 }  // namespace
@@ -52,13 +52,13 @@ std::string memory_line(int number) {
          "," + time_of(number) + printed(",%d,0,%d,", number % 8, declination) + position_of(number);
 }
 
-std::string answer_to(const std::string& command, int records) {
+std::string answer_to(const std::string& command, int records, int first) {
   const bool is_read = command.size() > 1 && command.front() == 'o' &&
                        std::all_of(command.begin() + 1, command.end(), [](unsigned char c) { return std::isdigit(c); });
   if (!is_read) return {};
   std::string answer;
   const int count = std::min(records, std::atoi(command.c_str() + 1));
-  for (int number = 1; number <= count; ++number) answer += memory_line(number) + "\r\n";
+  for (int number = first; number < first + count; ++number) answer += memory_line(number) + "\r\n";
   return answer + "END\r\n";
 }
 

@@ -14,7 +14,8 @@ constexpr int end_of_command = 60;  // milliseconds of silence: "o1" may yet bec
 constexpr int look_again = 200;
 
 constexpr const char* usage =
-    "emulator_clinometer [--link <program folder>/ports/comNN] [--records <n>] [--baud <n>]\n"
+    "emulator_clinometer [--link <program folder>/ports/comNN] [--records <n>] [--first <n>]\n"
+    "                    [--baud <n>]\n"
     "emulator_clinometer [--link <program folder>/ports/comNN] --conversation <file>\n"
     "Prints the device's path and speaks until it is ended.\n";
 
@@ -22,6 +23,7 @@ struct Choices {
   std::string link;
   std::string conversation;
   int records = 24;
+  int first = 1;
   int baud = 9600;
   bool understood = true;
 };
@@ -38,6 +40,8 @@ Choices choices_of(int argc, char** argv) {
       choices.conversation = argv[i + 1];
     else if (name == "--records")
       choices.records = std::atoi(argv[i + 1]);
+    else if (name == "--first")
+      choices.first = std::atoi(argv[i + 1]);
     else if (name == "--baud")
       choices.baud = std::atoi(argv[i + 1]);
     else
@@ -59,7 +63,7 @@ std::string command_from(emulator::Pseudo_terminal& line, const std::atomic<bool
 
 bool answer_commands(emulator::Pseudo_terminal& line, const Choices& choices, const std::atomic<bool>& stop) {
   while (!stop) {
-    const std::string answer = emulator::answer_to(command_from(line, stop), choices.records);
+    const std::string answer = emulator::answer_to(command_from(line, stop), choices.records, choices.first);
     if (!emulator::send_at(line, answer, choices.baud, stop) && !stop) return false;
   }
   return true;

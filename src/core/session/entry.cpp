@@ -10,6 +10,7 @@
 #include "observations/link.h"
 #include "observations/marks.h"
 #include "observations/registry_save.h"
+#include "platform/failures.h"
 #include "platform/text_case.h"
 
 namespace session {
@@ -19,6 +20,12 @@ namespace {
 using observations::Edit_context;
 using platform::Journal_operation;
 
+constexpr platform::Message end_line_first{"線(囲み)を入力中です。「線終了」で終えてから保存して下さい。",
+                                           "A line is being drawn. Please end it before you save."};
+constexpr platform::Message table_full{"地点登録ファイルは15000点までです。これ以上登録できません。",
+                                       "A registration file holds 15000 points, and this one is full."};
+constexpr platform::Message file_too_long{"1000行を超える地点登録ファイルからは削除できません。",
+                                          "Nothing can be deleted from a registration file of more than 1000 lines."};
 constexpr double edge_share =
     0.05;  // a record nearer to the window's edge than this share of it counts as out of sight
 
@@ -69,9 +76,10 @@ Mouse_result line_vertex(Session& session, Ports& ports, const maps::Map_positio
   const bool area = observations::is_area(session.entry.boxes.Combo1);
   session.line_end_fixed = false;
   session.line_end = at;
-  if (observations::line_vertex(session.flags, session.line, at, area, ports.prompts) !=
-      observations::Vertex_taken::closed)
-    return taken(Redraw::overlay);
+  const observations::Vertex_taken vertex =
+      observations::line_vertex(session.flags, session.line, at, area, ports.prompts);
+  entry_edited(session);
+  if (vertex != observations::Vertex_taken::closed) return taken(Redraw::overlay);
   keep_line(session);
   return taken(Redraw::all);
 }
@@ -108,8 +116,13 @@ Mouse_result open_link(Session& session, Ports& ports, const Press& press, const
   if (!session.view.Check5 || session.entry.open) return {};
   const observations::Link_context context{
       session.settings, session.boring_out_folder, session.registry, session.canvas, ports.files, ports.processes};
-  const bool hit = observations::open_link(context, position, press.x, press.y) != observations::Link_opened::none;
-  return {hit, Redraw::none, false};
+  const observations::Link_opened link = observations::open_link(context, position, press.x, press.y);
+  if (link == observations::Link_opened::none) return {};
+  session.highlighted = observations::linked_record_at(session.registry, session.canvas, position, press.x, press.y);
+  const std::string& name = session.registry.rows[session.highlighted].gazou;
+  if (link == observations::Link_opened::failed)
+    session.notice = {"開けません: " + name, "It can't be opened: " + name};
+  return taken(Redraw::overlay);
 }
 
 drawing::Point twips_of(Session& session, geodesy::Point position) {
@@ -150,9 +163,14 @@ std::string menu_label(const Session& session) {
 }
 
 bool mnu_sinki(Session& session, Ports& ports) {
-  if (!observations::mnu_sinki(context_of(session, ports), session.entry, session.registry, scheme_of(session),
-                               session.entry_click, surfaces(session)))
+  try {
+    if (!observations::mnu_sinki(context_of(session, ports), session.entry, session.registry, scheme_of(session),
+                                 session.entry_click, surfaces(session)))
+      return false;
+  } catch (const platform::Subscript_failure&) {
+    ports.prompts.message(table_full);
     return false;
+  }
   panel_opened(session);
   return true;
 }
@@ -173,8 +191,12 @@ bool mnu_henkou(Session& session, Ports& ports, int touroku) {
 
 bool mnu_del(Session& session, Ports& ports) {
   const Journal_operation operation(ports.journal, "地点の削除", "Delete observation");
-  const bool gone =
-      observations::mnu_del(context_of(session, ports), session.entry, session.registry, session.entry_click);
+  bool gone = false;
+  try {
+    gone = observations::mnu_del(context_of(session, ports), session.entry, session.registry, session.entry_click);
+  } catch (const platform::Subscript_failure&) {
+    ports.prompts.message(file_too_long);
+  }
   if (!session.entry.open) entry_close(session);
   if (gone) registry_r(session, ports);
   return gone;
@@ -190,6 +212,12 @@ bool leave_entry(Session& session, Ports& ports) {
 }
 
 Entry_saved Command9(Session& session, Ports& ports) {
+  // The panel closes with the save, and the line that isn't ended would go with it.
+  if (session.flags.line_mode > 0 && session.flags.line_count > 0) {
+    ports.prompts.message(end_line_first);
+    return {};
+  }
+  registry_follow(session, ports);  // the table goes to the file as a whole
   const Journal_operation operation(ports.journal, "地点の保存", "Save observation");
   observations::Save_result result =
       observations::Command9(context_of(session, ports), session.entry, session.registry);
@@ -200,6 +228,18 @@ Entry_saved Command9(Session& session, Ports& ports) {
   registry_r(session, ports);
   session.highlighted = touroku <= session.registry.N ? touroku : 0;
   return {true, std::move(result.captions)};
+}
+
+observations::Photo_result photo_read(Session& session, Ports& ports, const std::string& folder,
+                                      geodesy::Point position) {
+  const Journal_operation operation(ports.journal, "写真から地点を登録", "Make points from photos");
+  observations::Entry& entry = session.entry;
+  const observations::Record before = entry.open ? session.registry.rows[entry.touroku] : observations::Record{};
+  const observations::Photo_result result =
+      observations::photo_read(context_of(session, ports), session.registry, folder, position);
+  // The photos took the row of a record that is in no file yet.
+  if (session.registry.reads != entry.reads) observations::entry_follow_read(entry, session.registry, before);
+  return result;
 }
 
 bool surface_add(Session& session, Ports& ports) {

@@ -8,6 +8,7 @@
 #include "core/session/mouse.h"
 #include "core/session/session.h"
 #include "observations/memo.h"
+#include "observations/photo_read.h"
 
 namespace session {
 
@@ -36,6 +37,9 @@ struct Entry_saved {
 };
 // Command9, "保存": the record and its memo; the table is read again.
 Entry_saved Command9(Session& session, Ports& ports);
+// Points from the photos of a folder; what is open in the panel stays.
+observations::Photo_result photo_read(Session& session, Ports& ports, const std::string& folder,
+                                      geodesy::Point position);
 // "他の地層面に追加".
 bool surface_add(Session& session, Ports& ports);
 // The panel goes without a question.

@@ -22,6 +22,7 @@ Gps_followed gps_tick(Session& session, Ports& ports, platform::Serial_port& por
       gps_sheet(session.sheets, session.catalogue, session.current_sheet, step.longitude, step.latitude);
   result.moved = true;
   result.Label16 = sheet.Label16;
+  result.outside = sheet.found == Gps_sheet::Found::outside;
   result.data_path = data_path_text(sheet, session.settings.project_path);
   result.redraw = Redraw::overlay;
   if (sheet.found == Gps_sheet::Found::listed)

@@ -11,6 +11,7 @@ namespace session {
 struct Gps_followed {
   Redraw redraw = Redraw::none;
   bool moved = false;     // a position came; the members below hold then
+  bool outside = false;   // no listed sheet is there
   int row = -1;           // of the sheet list that must be opened; -1: the sheet stays
   std::string Label16;    // name of the sheet of the position
   std::string data_path;  // what stands for the project's folder: "範囲外" outside every sheet

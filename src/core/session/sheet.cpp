@@ -69,8 +69,11 @@ void registry_r(Session& session, Ports& ports) {
     const int passes = path.empty() ? 0 : std::max(1, session.settings.registry_count);
     observations::chisoumen_read(session.registry, ports.files, passes, {path});
   } catch (const platform::Subscript_failure&) {
-    ports.prompts.message("地点登録ファイルを最後まで読み込めません。読み込めた地点だけを表示します。",
-                          "The point registration file can't be read to its end. The points before that are shown.");
+    const std::string shown = std::to_string(session.registry.N);
+    ports.prompts.message(
+        "地点登録ファイルを最後まで読み込めません。先頭の" + shown + "点だけを表示し、変更は保存しません。",
+        "The point registration file can't be read to its end. Its first " + shown +
+            " points are shown, and no change of them is saved.");
   }
   observations::entry_follow_read(entry, session.registry, before);
   if (session.highlighted > session.registry.N) session.highlighted = 0;
@@ -80,6 +83,15 @@ void registry_r(Session& session, Ports& ports) {
   const std::vector<std::string> base_data = observations::reference_paths(session.settings.project_path);
   observations::chisoumen_read4(session.reference_points, ports.files, static_cast<int>(base_data.size()), base_data);
   instruments::routes_r(ports.files, session.settings.project_path, session.routes);
+}
+
+bool registry_follow(Session& session, Ports& ports) {
+  if (!observations::is_changed(session.registry, ports.files)) return false;
+  const observations::Entry& entry = session.entry;
+  const bool panel_is_marked = entry.open && session.highlighted == entry.touroku;
+  registry_r(session, ports);
+  if (panel_is_marked) session.highlighted = entry.touroku;  // a new record stands behind those that came
+  return true;
 }
 
 int row_of(const Sheet_list& sheets, const std::string& stem) {

@@ -19,6 +19,10 @@ int row_of(const Sheet_list& sheets, const std::string& stem);
 // the base data and the routes that were chosen.
 void registry_r(Session& session, Ports& ports);
 
+// Reads the registration file again when another program has changed it since it was read; what is open in the panel
+// stays. True when it was read.
+bool registry_follow(Session& session, Ports& ports);
+
 // A click on the list: frame, pictures and point files of the row, then a redraw. Pictures that can't be read or don't
 // fit in memory are told in one sentence. `progress` is told the tile that comes next and their number.
 Redraw chizu_out(Session& session, Ports& ports, int row, const std::function<void(int, int)>& progress = {});

@@ -33,7 +33,8 @@ Redraw move(Session& session, Ports& ports, Move menu) {
 void journal_r(Session& session, Ports& ports) {
   const core::Settings& settings = session.settings;
   const std::string observations = core::chisou_men(settings.project_path);
-  for (const std::string& folder : {settings.program_path, settings.project_path, observations, observations + "\\txt"})
+  for (const std::string& folder : {settings.program_path, settings.program_path + "\\Tiltvane", settings.project_path,
+                                    observations, observations + "\\txt", observations + "\\csv"})
     ports.files.remove_left_over(folder);
   if (session.state_folder.empty()) return;
   ports.journal.open(session.state_folder, settings.project_path, settings.program_path);

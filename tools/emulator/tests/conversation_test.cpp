@@ -66,6 +66,8 @@ TEST(Clinometer_memory, AnswersAReadWithSoManyRecordsAndEnd) {
   EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 1000);
   EXPECT_TRUE(all.ends_with("\r\nEND\r\n"));
   EXPECT_EQ(emulator::answer_to("o999", 3), emulator::answer_to("o003", 24));
+  EXPECT_EQ(emulator::answer_to("o2", 24, 301),
+            emulator::memory_line(301) + "\r\n" + emulator::memory_line(302) + "\r\nEND\r\n");
   EXPECT_EQ(emulator::answer_to("x1", 24), "");
   EXPECT_EQ(emulator::answer_to("o", 24), "");
 }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -128,6 +129,13 @@ TEST_P(Tiltvane_dialog, IsClippedNowhereAndNamesEveryBox) {
   EXPECT_EQ(support::nameless_widgets(*dialog).join(", ").toStdString(), "");
 }
 
+TEST_P(Tiltvane_dialog, FitsOnTheScreenWithItsFrame) {
+  open();
+  const QSize screen = dialog->screen()->availableSize();
+  EXPECT_LE(dialog->height(), screen.height() - 40);
+  EXPECT_LE(dialog->minimumSizeHint().height(), 720 - 30);
+}
+
 TEST_P(Tiltvane_dialog, GoesOnWithTheLastSettings) {
   put("RSPORT.dat", "07\r\n120\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n-6.5\r\n1\r\n");
   open();
@@ -149,9 +157,10 @@ TEST_P(Tiltvane_dialog, SavesTheDeclination) {
   EXPECT_EQ(bytes("henkaku.dat"), "-72.50\r\n");
 }
 
-TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlace) {
+TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlaceAndBeginsWithIt) {
   open();
   EXPECT_FALSE(find<QPushButton>("model")->isEnabled());
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0");
   const std::string coefficients = std::string(TERRANOTE_SHARED_DATA) + "/igrf10.coef";
   if (!std::filesystem::exists(coefficients)) GTEST_SKIP() << "no " << coefficients;
   std::filesystem::copy_file(coefficients, folder.path() / "igrf10.coef");
@@ -162,8 +171,12 @@ TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlace) {
   session.canvas.geo_y0 = 3'365'970;
   session.canvas.geo_y1 = 3'345'970;
   open();
-  press("model");
   // Kochi, 33.5597 N, 133.5311 E: -6.715845 in the table of an independent computation, declination_sample.csv.
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "-6.7");
+  put("henkaku.dat", "0\r\n");
+  open();
+  EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0");  // as it was stored
+  press("model");
   EXPECT_EQ(find<QLineEdit>("Text1")->text(), "-6.7");
 }
 
@@ -262,6 +275,34 @@ TEST_P(Tiltvane_dialog, TellsThatASilentInstrumentIsNotThere) {
   EXPECT_THAT(prompts.shown, ElementsAre(not_there().toStdString()));
   EXPECT_EQ(label(), either("Tiltvane未接続", "Tiltvane don't connect"));
   EXPECT_TRUE(find<QPushButton>("start")->isVisible());
+}
+
+// A message that stays open while events go on, as one does on the screen, and what the label says meanwhile.
+struct Open_message : support::Scripted_prompts {
+  std::function<QString()> label;
+  QStringList labels;
+
+ protected:
+  platform::Answer show(Kind kind, const std::string& text) override {
+    QCoreApplication::processEvents();
+    labels << label();
+    return Scripted_prompts::show(kind, text);
+  }
+};
+
+TEST_P(Tiltvane_dialog, SaysUnderTheMessageThatNothingIsConnected) {
+  Open_message open_message;
+  open_message.use_language(GetParam());
+  open_message.label = [this] { return label(); };
+  session::Ports with_message{files,       pictures,      open_message, processes,
+                              other.clock, other.journal, other.sheets, other.sounds};
+  dialog = std::make_unique<ui::Tiltvane_read2>(session, with_message);
+  dialog->show();
+  choose_port(5);
+  hurry();
+  press("start");
+  ASSERT_TRUE(ends());
+  EXPECT_EQ(open_message.labels, QStringList(either("Tiltvane未接続", "Tiltvane don't connect")));
 }
 
 TEST_P(Tiltvane_dialog, TakesACutLineAsItCame) {
