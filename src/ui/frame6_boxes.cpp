@@ -130,6 +130,11 @@ void Frame6::enable() {
   echo_box_->setVisible(is_open());
 }
 
+int Frame6::vertices_stored() const {
+  const int row = session_.entry.touroku;
+  return row > 0 && row <= session_.registry.N ? static_cast<int>(session_.registry.rows[row].vertices.size()) : 0;
+}
+
 // What the person doesn't type here: the title, the pick, the numbering in force, the line.
 void Frame6::state_show() {
   const QScopedValueRollback filling(filling_, true);
@@ -142,12 +147,10 @@ void Frame6::state_show() {
                          : schemes[1] ? either("標準メッシュ（３次メッシュ）", "by third-level standard mesh")
                                       : either("入力年月日毎", "by entry date");
   numbering_->setText(either("番号の付け方: ", "Numbering: ") + scheme);
-  const int row = session_.entry.touroku;
   const bool line_open = session_.flags.line_mode > 0;
-  const std::size_t stored = row > 0 && row <= session_.registry.N ? session_.registry.rows[row].vertices.size() : 0;
   const std::string count =
       line_open ? platform::number_text(session_.flags.line_count) + " / " + platform::number_text(core::line_limit)
-                : platform::number_text(static_cast<int>(stored));
+                : platform::number_text(vertices_stored());
   line_count_->setText(either("頂点の数: ", "Vertices: ") + to_toolkit(count));
 }
 

@@ -18,6 +18,7 @@
 #include "gui/clipping.h"
 #include "gui/frame6_place.h"
 #include "gui/gui_support.h"
+#include "observations/marks.h"
 #include "ui/colour_button.h"
 
 namespace {
@@ -288,6 +289,31 @@ TEST_P(Frame6, MarksOneBoxForItsOwnSlip) {
   for (const char* name : {"Text14_5", "Text14_6", "Text14_2"}) EXPECT_TRUE(marked(name)) << name;
   for (const char* name : {"Text14_0", "Text14_1", "Text14_3", "Text14_4", "Text14_7", "Text13"})
     EXPECT_FALSE(marked(name)) << name;
+}
+
+TEST_P(Frame6, TakesTheMarksOffWhenItCloses) {
+  place.open();
+  place.type("Text14_5", "EW");
+  ASSERT_TRUE(find<QWidget>("Text14_5")->styleSheet().contains("border"));
+  place.session.entry.open = false;
+  place.session.flags.data_dirty = 0;
+  place.frame->boxes_out();
+  EXPECT_FALSE(find<QWidget>("Text14_5")->styleSheet().contains("border"));
+}
+
+TEST_P(Frame6, TellsThatALineIsNotDrawnYet) {
+  const char* const told = either("線が描かれていません", "No line is drawn");
+  place.open();
+  EXPECT_EQ(place.label("echo_notes"), "");
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_line);
+  EXPECT_THAT(place.label("echo_notes"), HasSubstr(told));
+  EXPECT_TRUE(find<QWidget>("echo_icon")->isVisible());
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_area);
+  EXPECT_THAT(place.label("echo_notes"), HasSubstr(either("囲みが描かれていません", "No enclosure is drawn")));
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_line);
+  place.session.registry.rows[1].vertices = {{0, 0}, {1, 1}};
+  place.frame->boxes_out();
+  EXPECT_EQ(place.label("echo_notes"), "");
 }
 
 TEST_P(Frame6, NamesTheCharactersThatCanNotBeStored) {
