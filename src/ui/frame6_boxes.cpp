@@ -169,12 +169,14 @@ void Frame6::measurement_step(int by) {
   changed();
 }
 
-// Esc belongs to the panel while it is open, whatever shortcut the window has for it.
+// Esc and Ctrl+S belong to the panel while it is open, whatever shortcut the window has for it.
 bool Frame6::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && is_open() &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-    event->accept();
-    return true;
+  if (event->type() == QEvent::ShortcutOverride && is_open()) {
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape || key->matches(QKeySequence::Save)) {
+      event->accept();
+      return true;
+    }
   }
   return QWidget::event(event);
 }
@@ -190,7 +192,7 @@ void Frame6::keyPressEvent(QKeyEvent* event) {
   auto* const button = qobject_cast<QPushButton*>(window()->focusWidget());
   if (enter && button && isAncestorOf(button)) {
     button->click();
-  } else if (enter && is_open()) {
+  } else if ((enter || event->matches(QKeySequence::Save)) && is_open()) {
     emit command("Command9");
   } else if (event->key() == Qt::Key_Escape && is_open()) {
     emit command("Command22");
@@ -203,6 +205,12 @@ bool Frame6::eventFilter(QObject* watched, QEvent* event) {
   // The wheel moves the form; it doesn't change what a list under the mouse has chosen.
   if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched)) {
     event->ignore();
+    return true;
+  }
+  // A list would look for the letter.
+  if (event->type() == QEvent::KeyPress && qobject_cast<QComboBox*>(watched) &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Save)) {
+    keyPressEvent(static_cast<QKeyEvent*>(event));
     return true;
   }
   if (event->type() == QEvent::KeyPress && watched == texts_[box_measurement]) {

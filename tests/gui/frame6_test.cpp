@@ -388,6 +388,22 @@ TEST_P(Frame6, SavesByEnterFromEachBox) {
   for (const QString& name : place.commands) EXPECT_EQ(name, "Command9");
 }
 
+// The window has this key for the picture of the map.
+TEST_P(Frame6, SavesByCtrlSWhileItIsOpen) {
+  const auto press = [this](const char* name) {
+    QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier);
+    asked.ignore();
+    QCoreApplication::sendEvent(place.frame.get(), &asked);
+    QTest::keyClick(find<QWidget>(name), Qt::Key_S, Qt::ControlModifier);
+    return asked.isAccepted();
+  };
+  EXPECT_FALSE(press("entry_new"));
+  EXPECT_THAT(place.commands, IsEmpty());
+  place.open();
+  for (const char* name : {"Text14_5", "memo", "Combo1"}) EXPECT_TRUE(press(name)) << name;
+  EXPECT_EQ(place.commands, std::vector<QString>(3, "Command9"));
+}
+
 TEST_P(Frame6, ClosesByEscFromEachBox) {
   place.open();
   for (const char* name : text_boxes) QTest::keyClick(find<QWidget>(name), Qt::Key_Escape);
