@@ -21,76 +21,12 @@
 #include "core/session/start_up.h"
 #include "gui/clipping.h"
 #include "gui/gui_support.h"
-#include "platform/qt/qt_pictures.h"
-#include "platform/text_files.h"
-#include "support/fake_ports.h"
-#include "support/fault_files.h"
-#include "support/scripted_prompts.h"
-#include "support/temporary_folder.h"
+#include "gui/main_window.h"
 #include "ui/canvas_view.h"
 
 namespace {
 
-// The window on a program folder with one free sheet of 36 seconds each way and a 40 x 30 picture.
-struct Frm_main : ::testing::Test {
-  support::Temporary_folder folder;
-  platform::Disk_files files;
-  platform::Qt_pictures pictures;
-  support::Recorded_processes processes;
-  support::Scripted_prompts prompts;
-  support::Fault_files watched{files};
-  support::Other_ports other{watched};
-  session::Ports ports{watched, pictures, prompts, processes, other.clock, other.journal, other.sheets, other.sounds};
-  session::Session session;
-  std::unique_ptr<ui::Frm_main> window;
-
-  std::string program() const { return folder.text() + "/program"; }
-  std::string project() const { return folder.text() + "/project"; }
-
-  void write(const std::string& path, const std::vector<std::string>& lines) {
-    platform::Line_writer out;
-    for (const std::string& line : lines) out.line(line);
-    files.write_whole(path, out.bytes());
-  }
-
-  void make_project(const std::string& language) {
-    for (const std::string& made : {program(), project(), project() + "/chisou_men", program() + "/map"})
-      files.make_folder(made);
-    write(project() + "/chisou_men/genchi.csv", {});
-    write(program() + "/Language.set", {language});
-    write(program() + "/settei.ini",
-          {"",      "",       project(), "04",  "9600", "True", "False", "False", "True",
-           "False", "sheet1", "",        "",    "",     "",     "True",  "False", "genchi.csv",
-           "1000",  "1000",   "500",     "100", "6000", "6000", "",      "True",  "False"});
-    QImage picture(40, 30, QImage::Format_RGB32);
-    picture.fill(QColor(10, 200, 30));
-    picture.save(QString::fromStdString(program() + "/map/free.bmp"));
-    write(program() + "/map/free.set", {"139,0,0,35,0,36,139,0,36,35,0,0"});
-  }
-
-  void open(const std::string& language, QSize size = {1366, 720}) {
-    make_project(language);
-    session::form_load(session, ports, program());
-    window = std::make_unique<ui::Frm_main>(session, ports);
-    window->resize(size);
-    window->start();
-    QTest::qWait(20);
-  }
-
-  template <typename Widget>
-  Widget* find(const char* name) {
-    auto* found = window->findChild<Widget*>(name);
-    EXPECT_TRUE(found) << name;
-    return found;
-  }
-
-  void open_sheet() {
-    auto* list = find<QListView>("List2");
-    const QModelIndex row = list->model()->index(0, 1);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(row).center());
-    QTest::qWait(20);
-  }
-};
+using Frm_main = support::Main_window;
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-serialport-dev libgl-dev)
 run_packages=(libqt6widgets6 libqt6serialport6 qt6-qpa-plugins qt6-translations-l10n fonts-ipafont-gothic)
 display_packages=(xvfb xauth xdotool imagemagick)
-test_packages=(libgtest-dev libgmock-dev openbox gdal-bin)
+test_packages=(libgtest-dev libgmock-dev openbox gdal-bin gpsbabel)
 
 say() { printf '%s\n' "$*" >&2; }
 

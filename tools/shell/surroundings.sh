@@ -9,8 +9,11 @@ use_utf8() {
   esac
 }
 
-# The compiler cache stays in the build folder where the home folder can't take it.
+# The compiler cache stays in the build folder where the home folder can't take it. It knows a source again in another
+# checkout, and what is compiled with a precompiled header too.
 use_compiler_cache() {
+  export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD} CCACHE_NOHASHDIR=${CCACHE_NOHASHDIR:-1}
+  export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
   [ -z "${CCACHE_DIR:-}" ] || return 0
   local cache=${XDG_CACHE_HOME:-${HOME:-/nonexistent}/.cache}
   mkdir -p "$cache" 2>/dev/null || true

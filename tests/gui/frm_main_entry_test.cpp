@@ -1,0 +1,252 @@
+// Observations through the window: menu of a point, panel, lines, table, undo.
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+
+#include "gui/main_window.h"
+#include "support/golden.h"
+#include "ui/canvas_view.h"
+#include "ui/frame6.h"
+#include "ui/observation_table.h"
+
+using platform::Answer;
+
+namespace {
+
+struct Frm_main_entry : support::Main_window {
+  void open_map(const std::string& language = "English") {
+    open(language);
+    open_sheet();
+    ASSERT_TRUE(session.sheet_shown());
+  }
+  // The journal is kept as main() does it.
+  void open_map_with_journal() {
+    session.state_folder = folder.text() + "/state";
+    open_map();
+    ASSERT_EQ(other.journal.state(), platform::Journal_state::kept);
+  }
+  ui::Canvas_view* map() { return find<ui::Canvas_view>("Picture1"); }
+  QPoint middle() { return map()->rect().center(); }
+  void type(const char* box, const QString& text) {
+    auto* line = find<QLineEdit>(box);
+    line->setFocus();
+    line->selectAll();
+    QTest::keyClicks(line, text);
+  }
+  void press(const char* button) { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
+  void trigger(const char* action) {
+    find<QAction>(action)->trigger();
+    QTest::qWait(10);
+  }
+  // Right press at a place; `choose` is called with the menu that comes up.
+  void right_press(QPoint at, const std::function<void(QMenu*)>& choose) {
+    bool came_up = false;
+    QTimer::singleShot(50, window.get(), [&] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      came_up = menu != nullptr;
+      if (!menu) return;
+      choose(menu);
+      menu->close();
+    });
+    QTest::mouseClick(map(), Qt::RightButton, {}, at);
+    QTest::qWait(20);
+    EXPECT_TRUE(came_up);
+  }
+  std::string registry() { return files.read_bytes(project() + "/chisou_men/genchi.csv"); }
+  void register_at(const QString& x, const QString& y) {
+    trigger("mnu_sinki");
+    type("Text14_0", x);
+    type("Text14_1", y);
+    type("Text14_5", "N15W");
+    type("Text14_6", "30E");
+    press("Command9");
+    QTest::qWait(10);
+  }
+};
+
+// What register_at writes as the first record of 15 November 2008.
+std::string record_line(const std::string& x, const std::string& y, const std::string& number) {
+  return " 0 ," + x + "," + y + ",,,,N15W,30E,081115-00" + number + "*" + number +
+         ",,circle, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,,,, 0 ,\r\n";
+}
+
+}  // namespace
+
+TEST_F(Frm_main_entry, ARightPressOffersNewChangeAndDelete) {
+  open_map();
+  right_press(middle(), [](QMenu* menu) {
+    EXPECT_EQ(menu->objectName(), "mnuPopup1");
+    QStringList texts;
+    for (const QAction* action : menu->actions()) texts << action->text();
+    EXPECT_EQ(texts, (QStringList{"No observation here", "", "NewPosition", "Change", "Delete"}));
+    menu->actions().at(2)->trigger();
+  });
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(find<QTabWidget>("TabStrip1")->currentIndex(), 0);
+  // The sheet runs from 139 E 35 N over 36 seconds each way: a hundredth of a degree.
+  const double x = find<QLineEdit>("Text14_0")->text().toDouble(), y = find<QLineEdit>("Text14_1")->text().toDouble();
+  EXPECT_NEAR(x, 13'900'500, 600);
+  EXPECT_NEAR(y, 3'500'500, 600);
+  EXPECT_EQ(find<QLineEdit>("Text14_7")->text(), "081115-001");
+}
+
+TEST_F(Frm_main_entry, WhatIsTypedAndSavedStandsInTheRegistry) {
+  open_map();
+  register_at("13900500", "3500500");
+  EXPECT_TRUE(support::same_bytes(registry(), record_line("13900500.0", "3500500.0", "1")));
+  EXPECT_FALSE(session.entry.open);
+  EXPECT_EQ(session.highlighted, 1);
+  EXPECT_EQ(window->statusBar()->currentMessage(), "The observation is saved.");
+}
+
+TEST_F(Frm_main_entry, EnterInABoxSavesAndEscAsksWhatToDoWithUnsavedEntries) {
+  open_map();
+  trigger("mnu_sinki");
+  type("Text14_5", "N40E");
+  QTest::keyClick(find<QLineEdit>("Text14_5"), Qt::Key_Return);
+  EXPECT_EQ(session.registry.N, 1);
+  trigger("mnu_sinki");
+  type("Text14_5", "N50E");
+  prompts.answers = {Answer::no};
+  QTest::keyClick(find<QLineEdit>("Text14_5"), Qt::Key_Escape);
+  EXPECT_EQ(prompts.shown.back(), "Data is not preserved. Do preserve it?");
+  EXPECT_FALSE(session.entry.open);
+  EXPECT_EQ(session.registry.N, 1);
+}
+
+TEST_F(Frm_main_entry, APanelThatNobodyTypedIntoClosesWithoutAQuestion) {
+  open_map();
+  trigger("mnu_sinki");
+  QTest::keyClick(find<QLineEdit>("Text14_5"), Qt::Key_Escape);
+  EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_FALSE(session.entry.open);
+}
+
+TEST_F(Frm_main_entry, ARecordIsMarkedByAPressChangedAndDeleted) {
+  open_map();
+  register_at("13900500", "3500500");
+  session.highlighted = 0;
+  const maps::Canvas_point at = maps::henkan_px(session.canvas, 13'900'500, 3'500'500);
+  QTest::mouseClick(map(), Qt::LeftButton, {}, QPoint(int(at.x / 2), int(at.y / 2)));
+  EXPECT_EQ(session.highlighted, 1);
+  trigger("mnu_henkou");
+  type("Text14_6", "45E");
+  press("Command9");
+  EXPECT_EQ(session.registry.rows[1].keisha, "45E");
+  prompts.answers = {Answer::ok};
+  trigger("mnu_del");
+  EXPECT_EQ(prompts.shown.back(), "[May I delete the specified point?1]");
+  EXPECT_EQ(registry(), "");
+}
+
+TEST_F(Frm_main_entry, UndoAndRedoGoThroughAllThatWasDone) {
+  open_map_with_journal();
+  EXPECT_FALSE(find<QAction>("menu_undo")->isEnabled());
+  register_at("13900500", "3500500");
+  const std::string first = registry();
+  register_at("13900600", "3500600");
+  const std::string second = registry();
+  prompts.answers = {Answer::ok};
+  trigger("mnu_del");
+  EXPECT_EQ(registry(), first);
+  EXPECT_EQ(find<QAction>("menu_undo")->text(), "Undo: Delete observation");
+  trigger("menu_undo");
+  EXPECT_EQ(registry(), second);
+  EXPECT_EQ(session.registry.N, 2);
+  trigger("menu_undo");
+  EXPECT_EQ(registry(), first);
+  trigger("menu_undo");
+  EXPECT_EQ(registry(), "");
+  EXPECT_EQ(session.registry.N, 0);
+  EXPECT_FALSE(find<QAction>("menu_undo")->isEnabled());
+  trigger("menu_redo");
+  EXPECT_EQ(registry(), first);
+  EXPECT_EQ(find<QAction>("menu_redo")->text(), "Redo: Save observation");
+}
+
+TEST_F(Frm_main_entry, AFileThatAnotherProgramChangedIsNotOverwrittenByAnUndo) {
+  open_map_with_journal();
+  register_at("13900500", "3500500");
+  files.append(project() + "/chisou_men/genchi.csv", "1,13900700,3500700,\r\n");
+  const std::string changed = registry();
+  trigger("menu_undo");
+  EXPECT_EQ(registry(), changed);
+  ASSERT_FALSE(prompts.shown.empty());
+  EXPECT_NE(prompts.shown.back().find("Another program has changed these files"), std::string::npos);
+}
+
+TEST_F(Frm_main_entry, ALineIsDrawnByPressesAndEndsWithEnter) {
+  open_map();
+  trigger("mnu_sinki");
+  find<QComboBox>("Combo1")->setCurrentText("Line");
+  press("Command6");
+  for (const QPoint by : {QPoint(-40, 0), QPoint(0, 30)}) QTest::mouseClick(map(), Qt::LeftButton, {}, middle() + by);
+  EXPECT_EQ(session.flags.line_count, 2);
+  QTest::mouseMove(map(), middle() + QPoint(50, 50));
+  QTest::qWait(10);
+  QTest::keyClick(map(), Qt::Key_Return);
+  EXPECT_EQ(session.flags.line_mode, 0);
+  press("Command9");
+  ASSERT_EQ(session.registry.N, 1);
+  EXPECT_EQ(session.registry.rows[1].mark, "Line");
+  EXPECT_EQ(session.registry.rows[1].vertices.size(), 3u);
+}
+
+TEST_F(Frm_main_entry, TheTableAndTheMapMarkTheSameRecord) {
+  open_map();
+  register_at("13900500", "3500500");
+  register_at("13900600", "3500600");
+  trigger("observation_table");
+  auto* table = window->findChild<ui::Observation_table*>();
+  ASSERT_TRUE(table);
+  EXPECT_TRUE(table->isVisible());
+  emit table->chosen(1);
+  EXPECT_EQ(session.highlighted, 1);
+  emit table->change_asked(2);
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(session.entry.touroku, 2);
+  EXPECT_EQ(find<QLineEdit>("Text14_7")->text(), "081115-002");
+}
+
+TEST_F(Frm_main_entry, APressOnAMarkOpensWhatItsRecordLinksTo) {
+  open_map();
+  files.write_whole(project() + "/chisou_men/081115-001.xls", "a sheet");
+  files.write_whole(
+      project() + "/chisou_men/genchi.csv",
+      " 0 ,13900500.0,3500500.0,,,,,,081115-001,081115-001.xls,circle, 4 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,,,, 0 ,\r\n");
+  open_sheet();
+  const maps::Canvas_point at = maps::henkan_px(session.canvas, 13'900'500, 3'500'500);
+  QTest::mouseClick(map(), Qt::LeftButton, {}, QPoint(int(at.x / 2), int(at.y / 2)));
+  ASSERT_EQ(processes.started.size(), 1u);
+  EXPECT_NE(processes.started[0].find("081115-001.xls"), std::string::npos);
+}
+
+TEST_F(Frm_main_entry, CharactersThatCannotBeStoredAreToldBeforeTheSave) {
+  open_map();
+  trigger("mnu_sinki");
+  find<QPlainTextEdit>("memo")->setPlainText(QString::fromUtf8("\xF0\x9F\x8C\x8B"));
+  press("Command9");
+  EXPECT_EQ(prompts.shown.back(), "These characters can't be stored, please replace them: \xF0\x9F\x8C\x8B");
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(registry(), "");
+}
+
+TEST_F(Frm_main_entry, ChangingTheSheetKeepsWhatIsTyped) {
+  open_map();
+  trigger("mnu_sinki");
+  type("Text14_5", "N15W");
+  open_sheet();
+  EXPECT_TRUE(session.entry.open);
+  EXPECT_EQ(find<QLineEdit>("Text14_5")->text(), "N15W");
+  press("Command9");
+  ASSERT_EQ(session.registry.N, 1);
+  EXPECT_EQ(session.registry.rows[1].soukou, "N15W");
+}
