@@ -8,6 +8,7 @@
 #include "observations/chiten_out.h"
 #include "observations/clinometer_notation.h"
 #include "observations/marks.h"
+#include "observations/record_line.h"
 #include "observations/strike_dip.h"
 #include "platform/numbers.h"
 #include "platform/text_case.h"
@@ -241,6 +242,11 @@ Entry_echo entry_echo(const Entry_boxes& boxes, const Coefficients& coefficients
     line_echo(teller, record.sen_houkou, record.sen_keisha, declination, record.henkaku_done);
   }
   tell_numbers(teller, boxes, record);
+  if (is_deleted(line_of(record).text))
+    echo.losses.push_back(
+        teller.either("「-9999」を含む地点は削除したものとして扱われ、保存すると次の読み込みで消えます。",
+                      "A record that holds \"-9999\" counts as deleted: saved like this, it is gone at "
+                      "the next reading."));
   return echo;
 }
 

@@ -35,7 +35,8 @@ struct Entry_echo {
   Correction correction = Correction::unknown;
   std::string model;  // the declination with its model and epoch, or the sentence that says why there is none
   std::vector<Echo_slip> slips;
-  std::vector<std::string> notes;  // what else should be known: where the drawing or the clinometer reads otherwise
+  std::vector<std::string> losses;  // how the record is lost if it is saved like this
+  std::vector<std::string> notes;   // what else should be known: where the drawing or the clinometer reads otherwise
 };
 
 // Texts are taken as the record will hold them: trimmed where a save trims. The position is that of the boxes; in

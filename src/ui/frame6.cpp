@@ -285,6 +285,7 @@ QPushButton* Frame6::command_button(const char* object, const char* name) {
     emit command(name);
     enable();  // a line was begun or ended
     state_show();
+    echo_out();
   });
   return button;
 }

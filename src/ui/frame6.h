@@ -47,7 +47,7 @@ class Frame6 : public QWidget {
   void position_typed();  // X or Y was changed by typing; goes after `edited`
   // A button was pressed: "Command9" save, "Command22" close, "surface_add", "Command6" line start, "Command31" line
   // end, "Command1" input sheet, "Command7" Shapefile, "Command23" memo, "Command8" picture dialog, "mnu_sinki" new,
-  // "mnu_del" delete. Enter in a box is "Command9" and Esc "Command22" while the panel is open.
+  // "mnu_del" delete. Enter in a box and Ctrl+S are "Command9" and Esc "Command22" while the panel is open.
   void command(const QString& name);
 
  protected:
@@ -81,6 +81,7 @@ class Frame6 : public QWidget {
   void state_show();
   void changed();
   void measurement_step(int by);
+  int vertices_stored() const;
   bool is_open() const { return session_.entry.open; }
 
   // frame6_echo.cpp
@@ -90,6 +91,7 @@ class Frame6 : public QWidget {
   void cells_out(const observations::Entry_echo& echo);
   void sentences_out(const observations::Entry_echo& echo, const QStringList& not_storable);
   QStringList boxes_mark(const observations::Entry_echo& echo);
+  QString line_missing() const;
   void previews_out();
 
   bool japanese() const;

@@ -130,6 +130,11 @@ void Frame6::enable() {
   echo_box_->setVisible(is_open());
 }
 
+int Frame6::vertices_stored() const {
+  const int row = session_.entry.touroku;
+  return row > 0 && row <= session_.registry.N ? static_cast<int>(session_.registry.rows[row].vertices.size()) : 0;
+}
+
 // What the person doesn't type here: the title, the pick, the numbering in force, the line.
 void Frame6::state_show() {
   const QScopedValueRollback filling(filling_, true);
@@ -142,12 +147,10 @@ void Frame6::state_show() {
                          : schemes[1] ? either("標準メッシュ（３次メッシュ）", "by third-level standard mesh")
                                       : either("入力年月日毎", "by entry date");
   numbering_->setText(either("番号の付け方: ", "Numbering: ") + scheme);
-  const int row = session_.entry.touroku;
   const bool line_open = session_.flags.line_mode > 0;
-  const std::size_t stored = row > 0 && row <= session_.registry.N ? session_.registry.rows[row].vertices.size() : 0;
   const std::string count =
       line_open ? platform::number_text(session_.flags.line_count) + " / " + platform::number_text(core::line_limit)
-                : platform::number_text(static_cast<int>(stored));
+                : platform::number_text(vertices_stored());
   line_count_->setText(either("頂点の数: ", "Vertices: ") + to_toolkit(count));
 }
 
@@ -166,12 +169,14 @@ void Frame6::measurement_step(int by) {
   changed();
 }
 
-// Esc belongs to the panel while it is open, whatever shortcut the window has for it.
+// Esc and Ctrl+S belong to the panel while it is open, whatever shortcut the window has for it.
 bool Frame6::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && is_open() &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-    event->accept();
-    return true;
+  if (event->type() == QEvent::ShortcutOverride && is_open()) {
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape || key->matches(QKeySequence::Save)) {
+      event->accept();
+      return true;
+    }
   }
   return QWidget::event(event);
 }
@@ -187,7 +192,7 @@ void Frame6::keyPressEvent(QKeyEvent* event) {
   auto* const button = qobject_cast<QPushButton*>(window()->focusWidget());
   if (enter && button && isAncestorOf(button)) {
     button->click();
-  } else if (enter && is_open()) {
+  } else if ((enter || event->matches(QKeySequence::Save)) && is_open()) {
     emit command("Command9");
   } else if (event->key() == Qt::Key_Escape && is_open()) {
     emit command("Command22");
@@ -200,6 +205,12 @@ bool Frame6::eventFilter(QObject* watched, QEvent* event) {
   // The wheel moves the form; it doesn't change what a list under the mouse has chosen.
   if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched)) {
     event->ignore();
+    return true;
+  }
+  // A list would look for the letter.
+  if (event->type() == QEvent::KeyPress && qobject_cast<QComboBox*>(watched) &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Save)) {
+    keyPressEvent(static_cast<QKeyEvent*>(event));
     return true;
   }
   if (event->type() == QEvent::KeyPress && watched == texts_[box_measurement]) {

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 
+#include "observations/marks.h"
 #include "platform/code_page_932.h"
 #include "ui/frame6.h"
 #include "ui/mark_preview.h"
@@ -149,7 +150,10 @@ QWidget* Frame6::build_notes() {
 }
 
 void Frame6::echo_out() {
-  if (!is_open()) return;
+  if (!is_open()) {
+    boxes_mark({});  // what the boxes still show is nobody's text to mend
+    return;
+  }
   const Entry_echo echo =
       entry_echo(session_.entry.boxes, session_.coefficients, session_.canvas, session_.settings.language);
   cells_out(echo);
@@ -180,8 +184,9 @@ void Frame6::cells_out(const Entry_echo& echo) {
     findChild<QLabel*>(name)->setVisible(!echo.lineation.empty() || !echo.lineation_dip.empty());
   const bool uncorrected = echo.correction == Correction::unknown;
   const QString style = uncorrected ? "QLabel { color: #c62828; }" : "";
-  for (const char* name : {"head_corrected", "echo_corrected", "echo_side_corrected", "echo_text_corrected",
-                           "echo_lineation_corrected", "echo_declination", "echo_model"}) {
+  for (const char* name :
+       {"head_corrected", "echo_corrected", "echo_side_corrected", "echo_text_corrected", "echo_lineation_corrected",
+        "echo_lineation_declination", "echo_declination", "echo_model"}) {
     auto* label = findChild<QLabel*>(name);
     if (label->styleSheet() != style) label->setStyleSheet(style);
   }
@@ -191,14 +196,31 @@ void Frame6::cells_out(const Entry_echo& echo) {
 
 void Frame6::sentences_out(const Entry_echo& echo, const QStringList& not_storable) {
   QStringList sentences = not_storable;
+  for (const std::string& loss : echo.losses) sentences.append(to_toolkit(loss));
+  const QString undrawn = line_missing();
+  if (!undrawn.isEmpty()) sentences.append(undrawn);
+  const bool lost = !sentences.isEmpty();
   for (const Echo_slip& slip : echo.slips) sentences.append(to_toolkit(slip.sentence));
   for (const std::string& note : echo.notes) sentences.append(to_toolkit(note));
   auto* notes = findChild<QLabel*>("echo_notes");
   notes->setText(sentences.join('\n'));
   notes->setToolTip(sentences.join('\n'));
-  findChild<QWidget*>("echo_icon")->setVisible(!echo.slips.empty() || !not_storable.isEmpty());
+  findChild<QWidget*>("echo_icon")->setVisible(lost || !echo.slips.empty());
   findChild<QWidget*>("echo_told")->setVisible(!sentences.isEmpty());
   notes_area_->updateGeometry();
+}
+
+// What becomes of a line or an enclosure that is saved before it was drawn.
+QString Frame6::line_missing() const {
+  const std::string& mark = session_.entry.boxes.Combo1;
+  if (session_.flags.line_mode > 0 || vertices_stored() > 0) return {};
+  if (is_line(mark))
+    return either("線が描かれていません。このまま保存すると位置も失われます。",
+                  "No line is drawn. Saved like this, the position is lost too.");
+  if (is_area(mark))
+    return either("囲みが描かれていません。このまま保存すると図に表示されません。",
+                  "No enclosure is drawn. Saved like this, the map shows nothing.");
+  return {};
 }
 
 // Gives a sentence for each box whose text can't be stored.

@@ -102,7 +102,7 @@ constexpr Own_caption hints[] = {
     {"Check9", "偏角補正済みデータ。走向に偏角を加えません", "The strike is true already: no declination is added"},
     {"Command6", "地図を左クリックして頂点を入力します", "Left clicks on the map then set the vertices"},
     {"Command31", "今のマウスの位置が最後の頂点になります", "The mouse's position becomes the last vertex"},
-    {"Command9", "この地点を登録ファイルに保存します (Enter)", "Stores this point in the registration file (Enter)"},
+    {"Command9", "この地点を登録ファイルに保存します (Enter, Ctrl+S)", "Stores this point in the registration file (Enter, Ctrl+S)"},
     {"Command22", "保存せずに閉じるときは確認します (Esc)", "Asks first when something isn't saved (Esc)"},
     {"entry_new", "新しい地点を登録します", "Begins a new point"},
     {"entry_delete", "この地点を登録ファイルから削除します", "Deletes this point from the registration file"},

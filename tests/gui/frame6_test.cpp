@@ -18,6 +18,7 @@
 #include "gui/clipping.h"
 #include "gui/frame6_place.h"
 #include "gui/gui_support.h"
+#include "observations/marks.h"
 #include "ui/colour_button.h"
 
 namespace {
@@ -290,6 +291,31 @@ TEST_P(Frame6, MarksOneBoxForItsOwnSlip) {
     EXPECT_FALSE(marked(name)) << name;
 }
 
+TEST_P(Frame6, TakesTheMarksOffWhenItCloses) {
+  place.open();
+  place.type("Text14_5", "EW");
+  ASSERT_TRUE(find<QWidget>("Text14_5")->styleSheet().contains("border"));
+  place.session.entry.open = false;
+  place.session.flags.data_dirty = 0;
+  place.frame->boxes_out();
+  EXPECT_FALSE(find<QWidget>("Text14_5")->styleSheet().contains("border"));
+}
+
+TEST_P(Frame6, TellsThatALineIsNotDrawnYet) {
+  const char* const told = either("線が描かれていません", "No line is drawn");
+  place.open();
+  EXPECT_EQ(place.label("echo_notes"), "");
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_line);
+  EXPECT_THAT(place.label("echo_notes"), HasSubstr(told));
+  EXPECT_TRUE(find<QWidget>("echo_icon")->isVisible());
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_area);
+  EXPECT_THAT(place.label("echo_notes"), HasSubstr(either("囲みが描かれていません", "No enclosure is drawn")));
+  find<QComboBox>("Combo1")->setCurrentIndex(mark_line);
+  place.session.registry.rows[1].vertices = {{0, 0}, {1, 1}};
+  place.frame->boxes_out();
+  EXPECT_EQ(place.label("echo_notes"), "");
+}
+
 TEST_P(Frame6, NamesTheCharactersThatCanNotBeStored) {
   place.open();
   place.type("Text14_7", "A€");
@@ -369,6 +395,22 @@ TEST_P(Frame6, SavesByEnterFromEachBox) {
   for (const char* name : {"Combo6", "Combo7"}) QTest::keyClick(find<QComboBox>(name)->lineEdit(), Qt::Key_Return);
   EXPECT_EQ(place.commands.size(), 15u);
   for (const QString& name : place.commands) EXPECT_EQ(name, "Command9");
+}
+
+// The window has this key for the picture of the map.
+TEST_P(Frame6, SavesByCtrlSWhileItIsOpen) {
+  const auto press = [this](const char* name) {
+    QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier);
+    asked.ignore();
+    QCoreApplication::sendEvent(place.frame.get(), &asked);
+    QTest::keyClick(find<QWidget>(name), Qt::Key_S, Qt::ControlModifier);
+    return asked.isAccepted();
+  };
+  EXPECT_FALSE(press("entry_new"));
+  EXPECT_THAT(place.commands, IsEmpty());
+  place.open();
+  for (const char* name : {"Text14_5", "memo", "Combo1"}) EXPECT_TRUE(press(name)) << name;
+  EXPECT_EQ(place.commands, std::vector<QString>(3, "Command9"));
 }
 
 TEST_P(Frame6, ClosesByEscFromEachBox) {

@@ -272,3 +272,14 @@ TEST_F(Entry_echo_of, DrawsTheSymbolWithTheDeclinationOfThePlace) {
   EXPECT_EQ(entry_symbol(boxes, coefficients, canvas).azimuth, -15);
   EXPECT_FALSE(entry_symbol(boxes, coefficients, canvas).true_north);
 }
+
+TEST_F(Entry_echo_of, TellsThatARecordWithTheNoDataTextIsLost) {
+  EXPECT_THAT(echo().losses, IsEmpty());
+  boxes.Text14[box_Z] = "-9999";
+  EXPECT_THAT(echo().losses, testing::ElementsAre(HasSubstr("counts as deleted")));
+  language = "Japanese";
+  EXPECT_THAT(echo().losses, testing::ElementsAre(HasSubstr("「-9999」")));
+  boxes.Text14[box_Z] = "-999";
+  boxes.Text14[box_X] = "-9999.5";
+  EXPECT_EQ(echo().losses.size(), 1u);
+}
