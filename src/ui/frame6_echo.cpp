@@ -215,8 +215,8 @@ QString Frame6::line_missing() const {
   const std::string& mark = session_.entry.boxes.Combo1;
   if (session_.flags.line_mode > 0 || vertices_stored() > 0) return {};
   if (is_line(mark))
-    return either("線が描かれていません。このまま保存すると位置も失われます。",
-                  "No line is drawn. Saved like this, the position is lost too.");
+    return either("線がまだ描かれていません。描くまで保存できません。",
+                  "No line is drawn yet. It can't be saved before that.");
   if (is_area(mark))
     return either("囲みが描かれていません。このまま保存すると図に表示されません。",
                   "No enclosure is drawn. Saved like this, the map shows nothing.");

@@ -302,7 +302,7 @@ TEST_P(Frame6, TakesTheMarksOffWhenItCloses) {
 }
 
 TEST_P(Frame6, TellsThatALineIsNotDrawnYet) {
-  const char* const told = either("線が描かれていません", "No line is drawn");
+  const char* const told = either("線がまだ描かれていません", "No line is drawn");
   place.open();
   EXPECT_EQ(place.label("echo_notes"), "");
   find<QComboBox>("Combo1")->setCurrentIndex(mark_line);

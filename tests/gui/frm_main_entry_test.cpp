@@ -250,3 +250,54 @@ TEST_F(Frm_main_entry, ChangingTheSheetKeepsWhatIsTyped) {
   ASSERT_EQ(session.registry.N, 1);
   EXPECT_EQ(session.registry.rows[1].soukou, "N15W");
 }
+
+TEST_F(Frm_main_entry, EnterOnTheMapSavesAndEscClosesThePanel) {
+  open_map();
+  trigger("mnu_sinki");
+  QTest::mouseClick(map(), Qt::LeftButton, {}, middle());  // the picked position
+  map()->setFocus();
+  QTest::keyClick(map(), Qt::Key_Return);
+  EXPECT_EQ(session.registry.N, 1);
+  EXPECT_FALSE(session.entry.open);
+  trigger("mnu_sinki");
+  window->activateWindow();
+  map()->setFocus();
+  QTest::keyClick(map(), Qt::Key_Escape);  // disarms the pick
+  EXPECT_TRUE(session.entry.open);
+  QTest::keyClick(map(), Qt::Key_Escape);
+  EXPECT_FALSE(session.entry.open);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(Frm_main_entry, EscLeavesALineAndThePanelShowsIt) {
+  open_map();
+  trigger("mnu_sinki");
+  find<QComboBox>("Combo1")->setCurrentText("Line");
+  press("Command6");
+  EXPECT_TRUE(map()->hasFocus());
+  QTest::mouseClick(map(), Qt::LeftButton, {}, middle());
+  EXPECT_FALSE(find<QAbstractButton>("Command6")->isEnabled());
+  QTest::keyClick(map(), Qt::Key_Escape);
+  EXPECT_EQ(session.flags.line_mode, 0);
+  EXPECT_TRUE(find<QAbstractButton>("Command6")->isEnabled());
+  EXPECT_TRUE(session.entry.open);
+}
+
+TEST_F(Frm_main_entry, TheHintOfAToolIsNotHiddenByTheLastMessage) {
+  open_map();
+  register_at("13900500", "3500500");
+  EXPECT_FALSE(window->statusBar()->currentMessage().isEmpty());
+  trigger("view_section");
+  EXPECT_TRUE(window->statusBar()->currentMessage().isEmpty());
+}
+
+TEST_F(Frm_main_entry, AShapefileDialogThatIsCancelledIsNoStepOfTheUndo) {
+  open_map_with_journal();
+  register_at("13900500", "3500500");
+  trigger("mnu_henkou");
+  QTimer::singleShot(50, window.get(), [] {
+    if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
+  });
+  press("Command7");
+  EXPECT_EQ(find<QAction>("menu_undo")->text(), "Undo: Save observation");
+}

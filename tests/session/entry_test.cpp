@@ -357,6 +357,8 @@ TEST_F(Entry, PointsFromPhotosLeaveTheRecordInThePanelAlone) {
   EXPECT_EQ(session.registry.rows[1].gazou, "photo\\a.jpg");
   EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
   EXPECT_EQ(session.registry.rows[2].keisoku_jikoku, "");
+  EXPECT_EQ(session.registry.rows[1].touroku_no, "081115-001");
+  EXPECT_EQ(session.registry.rows[2].touroku_no, "081115-002*1");
 }
 
 TEST_F(Entry, APressMarksTheRecordUnderIt) {
@@ -436,4 +438,40 @@ TEST_F(Entry, TheNextSessionOnAProjectRemovesWhatAKilledSaveLeft) {
     session::journal_r(session, ports);
     EXPECT_EQ(files.length(left), 0) << left;
   }
+}
+
+TEST_F(Entry, ALineIsNotSavedBeforeItIsDrawn) {
+  open_new(300, 400);
+  session.entry.boxes.Combo1 = "線";
+  EXPECT_FALSE(session::Command9(session, ports).saved);
+  EXPECT_EQ(prompts.shown.back(), "No line is drawn yet. Please draw it, or choose another mark.");
+  EXPECT_EQ(registry(), "");
+  EXPECT_TRUE(session.entry.open);
+  session.entry.boxes.Combo1 = "Area";  // keeps its place without vertices
+  EXPECT_TRUE(session::Command9(session, ports).saved);
+}
+
+// The next number of the day is the one of the record that was deleted.
+TEST_F(Entry, AMemoOfARecordThatIsGoneDoesNotComeBackWithItsNumber) {
+  open_new(300, 400);
+  session.entry.boxes.memo = "Of the first";
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  press_at(Button::right, 300, 400);
+  prompts.answers = {Answer::ok};
+  ASSERT_TRUE(session::mnu_del(session, ports));
+  save_new(300, 400);
+  EXPECT_EQ(session.registry.rows[1].touroku_no, "081115-001*1");
+  press_at(Button::right, 300, 400);
+  ASSERT_TRUE(session::mnu_henkou(session, ports));
+  EXPECT_EQ(session.entry.boxes.memo, "");
+}
+
+TEST_F(Entry, AMemoOfAnotherRecordWithTheSameNumberStays) {
+  files.make_folder(project() + "/chisou_men/txt");
+  save_new(600, 700);
+  files.write_whole(project() + "/chisou_men/txt/081115-001.txt", "Of the first\r\n");
+  open_new(300, 400);
+  box(observations::box_touroku_no) = "081115-001";
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_EQ(files.read_bytes(project() + "/chisou_men/txt/081115-001.txt"), "Of the first\r\n");
 }

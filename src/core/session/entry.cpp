@@ -22,9 +22,8 @@ using platform::Journal_operation;
 
 constexpr platform::Message end_line_first{"線(囲み)を入力中です。「線終了」で終えてから保存して下さい。",
                                            "A line is being drawn. Please end it before you save."};
-constexpr platform::Message draw_first{
-    "線(囲み)がまだ描かれていません。「線(囲み)開始」で描くか、Markを選び直して下さい。",
-    "No line is drawn yet. Please draw it, or choose another mark."};
+constexpr platform::Message draw_first{"線がまだ描かれていません。「線(囲み)開始」で描くか、Markを選び直して下さい。",
+                                       "No line is drawn yet. Please draw it, or choose another mark."};
 constexpr platform::Message table_full{"地点登録ファイルは15000点までです。これ以上登録できません。",
                                        "A registration file holds 15000 points, and this one is full."};
 constexpr platform::Message file_too_long{"1000行を超える地点登録ファイルからは削除できません。",
@@ -229,8 +228,8 @@ Entry_saved Command9(Session& session, Ports& ports) {
     ports.prompts.message(end_line_first);
     return {};
   }
-  // Read again, a line stands at its first vertex: one without any would lose its place, and show nothing.
-  if (is_drawn_mark(session.entry.boxes.Combo1) && !has_vertices(session)) {
+  // Read again, a line stands at its first vertex: one without any would lose its place.
+  if (observations::stands_at_first_vertex(session.entry.boxes.Combo1) && !has_vertices(session)) {
     ports.prompts.message(draw_first);
     return {};
   }
@@ -256,6 +255,14 @@ observations::Photo_result photo_read(Session& session, Ports& ports, const std:
       observations::photo_read(context_of(session, ports), session.registry, folder, position);
   // The photos took the row of a record that is in no file yet.
   if (session.registry.reads != entry.reads) observations::entry_follow_read(entry, session.registry, before);
+  // And its number too, which stood in no file.
+  if (result.added > 0 && entry.open && entry.unsaved && scheme_of(session) == observations::by_date) {
+    std::string& number = entry.boxes.Text14[observations::box_touroku_no];
+    if (number == entry.stored_number) {
+      number = observations::touroku_no_get(ports.files, session.settings.project_path, ports.clock.now());
+      session.registry.rows[entry.touroku].touroku_no = entry.stored_number = number;
+    }
+  }
   return result;
 }
 
