@@ -10,6 +10,7 @@ using testing::ElementsAre;
 
 struct Gps_data_out : support::Route_dialogs {
   support::Fed_port port;
+  void TearDown() override { dialog.reset(); }  // it closes the port when it goes
   void put_sentences() {
     place.put_lines(place.folder.text() + "\\GPS_DATA.DAT", {"$GPGGA,1,3530.0,N,13915.1,E,1", "$GPGSA,A,3"});
   }
