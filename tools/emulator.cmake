@@ -16,12 +16,7 @@ if(UNIX)
     find_package(Qt6 REQUIRED COMPONENTS Test)
     file(GLOB emulator_tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/emulator/tests/*.cpp)
     add_executable(serial_test ${CMAKE_SOURCE_DIR}/tests/gui/main.cpp ${emulator_tests})
-    target_link_libraries(serial_test PRIVATE terranote_options terranote_emulator terranote_ui Qt6::Test GTest::gmock)
-    target_include_directories(serial_test PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-    target_compile_definitions(serial_test PRIVATE
-      TERRANOTE_CONVERSATIONS="${CMAKE_SOURCE_DIR}/tests/instruments/conversations"
-      TERRANOTE_GOLDEN_FOLDER="${CMAKE_SOURCE_DIR}/tests/golden"
-      TERRANOTE_SHARED_DATA="${CMAKE_SOURCE_DIR}/../shared/data")
+    target_link_libraries(serial_test PRIVATE terranote_test_support terranote_emulator terranote_ui Qt6::Test)
     add_test(NAME serial COMMAND serial_test)
     set_tests_properties(serial PROPERTIES TIMEOUT 300)
   endif()

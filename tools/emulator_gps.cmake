@@ -11,14 +11,7 @@ if(UNIX)
     find_package(Qt6 REQUIRED COMPONENTS Test)
     add_executable(receiver_test ${CMAKE_SOURCE_DIR}/tests/gui/main.cpp emulator_gps/tests/receiver_log_test.cpp
                    emulator_gps/tests/receiver_line_test.cpp)
-    target_link_libraries(receiver_test PRIVATE terranote_options terranote_emulator_gps terranote_ui Qt6::Test
-                          GTest::gmock)
-    target_include_directories(receiver_test PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-    target_compile_definitions(receiver_test PRIVATE
-      TERRANOTE_CONVERSATIONS="${CMAKE_SOURCE_DIR}/tests/instruments/conversations"
-      TERRANOTE_GOLDEN_FOLDER="${CMAKE_SOURCE_DIR}/tests/golden"
-      TERRANOTE_SHARED_DATA="${CMAKE_SOURCE_DIR}/../shared/data"
-      TERRANOTE_WALK="${CMAKE_CURRENT_SOURCE_DIR}/emulator_gps/walk.nmea")
+    target_link_libraries(receiver_test PRIVATE terranote_test_support terranote_emulator_gps terranote_ui Qt6::Test)
     add_test(NAME receiver COMMAND receiver_test)
     set_tests_properties(receiver PROPERTIES TIMEOUT 300)
   endif()

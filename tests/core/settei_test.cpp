@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "support/places.h"
 #include "support/settings_place.h"
 
 namespace {
@@ -222,7 +223,7 @@ TEST(Settei_read, SetsTheDatum) {
 }
 
 TEST(Settei_read, EveryTruncationLoadsAndChangesNothingOnDisk) {
-  const std::string whole = support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/core/settei.ini");
+  const std::string whole = support::bytes_of(support::golden_file("core/settei.ini"));
   ASSERT_FALSE(whole.empty());
   for (std::size_t length = 1; length < whole.size(); ++length) {
     Place place;

@@ -11,6 +11,7 @@
 #include "geodesy/walk.h"
 #include "platform/failures.h"
 #include "platform/files.h"
+#include "support/places.h"
 
 namespace {
 
@@ -272,7 +273,7 @@ TEST(Tky2jgd, AgreesWithThePublishedPoints) {
   TAKE_SAMPLE_ROWS(rows, "tky2jgd_sample.csv");
   platform::Disk_files files;
   Shift_table table;
-  load_par(files, std::string(TERRANOTE_SHARED_DATA) + "/TKY2JGD_subset.par", table);
+  load_par(files, support::shared_data("TKY2JGD_subset.par"), table);
   ASSERT_EQ(table.count, 1383);
   for (const auto& row : rows) {
     const double packed_latitude = degrees_to_packed(std::stod(row.at("tokyo_lat")));

@@ -7,13 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "support/places.h"
+
 namespace geodesy_test {
 
 using Sample_row = std::map<std::string, std::string>;  // by the names of the first line
 
 // Empty when the file is not there.
 inline std::vector<Sample_row> sample_rows(const std::string& name) {
-  std::ifstream in(std::string(TERRANOTE_SHARED_DATA) + "/" + name);
+  std::ifstream in(support::shared_data(name));
   const auto pieces = [](const std::string& line) {
     std::vector<std::string> found;
     std::istringstream rest(line);

@@ -7,6 +7,7 @@
 #include "geodesy/sample_rows.h"
 #include "geodesy/walk.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -178,7 +179,7 @@ TEST(Load_par, AFileBeyondAllMeasureIsNotTakenIntoMemory) {
 }
 
 TEST(Load_par, ReadsThePublishedRows) {
-  const std::string path = std::string(TERRANOTE_SHARED_DATA) + "/TKY2JGD_subset.par";
+  const std::string path = support::shared_data("TKY2JGD_subset.par");
   platform::Disk_files files;
   Shift_table table;
   if (files.length(path) == 0) GTEST_SKIP() << "no ../shared/data/TKY2JGD_subset.par beside the repository";

@@ -16,6 +16,7 @@
 #include "platform/files.h"
 #include "support/fake_ports.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 #include "ui/frame6.h"
@@ -41,7 +42,7 @@ struct Frame6_place {
     session.settings.language = language;
     if (with_field)
       files.write_whole(platform::join_path(folder.text(), "igrf10.coef"),
-                        bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/igrf10.coef"));
+                        bytes_of(support::golden_file("observations/igrf10.coef")));
     session.stratum_names = {"砂岩", "泥岩"};
     frame = std::make_unique<ui::Frame6>(session, ports);
     QObject::connect(frame.get(), &ui::Frame6::command, [this](const QString& name) { commands.push_back(name); });

@@ -19,6 +19,7 @@
 #include "gui/frame6_place.h"
 #include "gui/gui_support.h"
 #include "observations/marks.h"
+#include "support/places.h"
 #include "ui/colour_button.h"
 
 namespace {
@@ -352,7 +353,7 @@ TEST_P(Frame6, ShowsAStrikeUncorrectedWithoutCoefficients) {
   EXPECT_THAT(ui::from_toolkit(bare.find<QLabel>("echo_corrected")->styleSheet()), HasSubstr("color"));
   // The file comes: the next filling takes it.
   bare.files.write_whole(platform::join_path(bare.folder.text(), "igrf10.coef"),
-                         support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/igrf10.coef"));
+                         support::bytes_of(support::golden_file("observations/igrf10.coef")));
   bare.frame->boxes_out();
   EXPECT_EQ(bare.label("echo_corrected"), "338.3°");
   EXPECT_EQ(bare.label("head_corrected"), either("真方位", "True"));

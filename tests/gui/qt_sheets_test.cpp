@@ -14,6 +14,7 @@
 #include "support/fake_ports.h"
 #include "support/fault_files.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -22,7 +23,7 @@ using platform::Sheet_outcome;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string real_script = TERRANOTE_GOLDEN_FOLDER "/../../src/platform/qt/fill_sheet.py";
+const std::string real_script = support::in_checkout("src/platform/qt/fill_sheet.py");
 
 QString interpreter() {
   const QString system = QStandardPaths::findExecutable("python3", {"/usr/bin"});

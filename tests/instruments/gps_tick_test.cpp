@@ -4,6 +4,7 @@
 
 #include "instruments/receiver_place.h"
 #include "support/golden.h"
+#include "support/places.h"
 
 namespace {
 
@@ -280,7 +281,7 @@ TEST(Gps_mark, StandsWhereThePositionLiesOnTheSheet) {
 
 struct Recorded : Gps {
   static std::string log(const char* name) {
-    return support::bytes_of(std::string(TERRANOTE_SHARED_DATA) + "/nmea/" + name);
+    return support::bytes_of(support::shared_data(std::string("nmea/") + name));
   }
 };
 

@@ -5,6 +5,7 @@
 #include "instruments/receiver_place.h"
 #include "maps/map_place.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/recorder.h"
 
 namespace {
@@ -85,7 +86,7 @@ TEST(Nmea_log_read, PassesOverWhatHasNoPosition) {
 }
 
 TEST(Nmea_log_read, ReadsRecordedReceivers) {
-  const std::string bytes = support::bytes_of(std::string(TERRANOTE_SHARED_DATA) + "/nmea/iTrek.log");
+  const std::string bytes = support::bytes_of(support::shared_data("nmea/iTrek.log"));
   if (bytes.empty()) GTEST_SKIP() << "no recorded receivers beside this tree";
   const std::vector<Route_point> points = nmea_log(bytes);
   ASSERT_THAT(points, SizeIs(23));

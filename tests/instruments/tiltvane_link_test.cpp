@@ -13,6 +13,7 @@
 #include "support/fixed_clock.h"
 #include "support/golden.h"
 #include "support/memory_files.h"
+#include "support/places.h"
 #include "support/scripted_prompts.h"
 
 namespace {
@@ -290,7 +291,7 @@ TEST_F(Tiltvane_link, MakesTheTableAfterAnEndInTwoPieces) {
 // The table as it was worked out by hand from the bands: a plane, one with the instrument's own declination of 5 taken
 // off, a lineation, a record without a plane, an unknown mode, a position, a mark in Japanese.
 TEST_F(Tiltvane_link, WritesTheTableByteForByte) {
-  read({support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/instruments/answer.txt")});
+  read({support::bytes_of(support::golden_file("instruments/answer.txt"))});
   EXPECT_EQ(read_ticks(1), 1);
   EXPECT_TRUE(support::same_as_golden(bytes("TMP2.TMP"), "instruments/TMP2.TMP"));
   EXPECT_EQ(link.file_name, "001-007_2008-11-15_10-20-30.csv");

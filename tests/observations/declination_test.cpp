@@ -11,6 +11,7 @@
 #include "platform/failures.h"
 #include "support/fault_files.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 #include "table_rows.h"
 
@@ -21,7 +22,7 @@ using observations_test::golden_rows;
 using observations_test::number;
 
 std::string published_bytes() {
-  return support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/igrf10.coef");
+  return support::bytes_of(support::golden_file("observations/igrf10.coef"));
 }
 
 const std::string east_dipole = "EAST 2005.00 1 1 0\r\n1 0 -30000 0 0 0\r\n1 1 0 -30000 0 0\r\n";
@@ -53,9 +54,8 @@ TEST_F(Declination, AgreesWithTheIndependentSynthesis) {
 }
 
 TEST_F(Declination, AgreesWithTheSampleAndItsFile) {
-  const std::string shared = TERRANOTE_SHARED_DATA;
-  const auto rows = observations_test::rows_of(shared + "/declination_sample.csv");
-  const std::string bytes = support::bytes_of(shared + "/igrf10.coef");
+  const auto rows = observations_test::rows_of(support::shared_data("declination_sample.csv"));
+  const std::string bytes = support::bytes_of(support::shared_data("igrf10.coef"));
   if (rows.empty() || bytes.empty()) GTEST_SKIP() << "no ../shared/data/declination_sample.csv beside the repository";
   put(bytes);
   for (const auto& row : rows)

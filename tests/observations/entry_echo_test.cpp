@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -23,7 +24,7 @@ struct Entry_echo_of : testing::Test {
 
   Entry_echo_of() {
     files.write_whole(platform::join_path(folder.text(), "igrf10.coef"),
-                      support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/igrf10.coef"));
+                      support::bytes_of(support::golden_file("observations/igrf10.coef")));
     take_coefficients(files, folder.text(), coefficients);
     boxes.Text14[box_X] = "13353110.0";
     boxes.Text14[box_Y] = "3355970.0";

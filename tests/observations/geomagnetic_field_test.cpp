@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/text_files.h"
+#include "support/places.h"
 #include "table_rows.h"
 
 namespace {
@@ -16,7 +17,7 @@ using observations_test::number;
 // The published coefficients, as the fixture has them.
 std::vector<std::string> igrf_lines() {
   platform::Disk_files files;
-  return platform::read_lines(files, std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/igrf10.coef");
+  return platform::read_lines(files, support::golden_file("observations/igrf10.coef"));
 }
 
 // A dipole of 30,000 nT towards the north and 5,000 nT towards the west at latitude and longitude 0 on the sphere.

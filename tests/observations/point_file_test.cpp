@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "observations/observation_place.h"
+#include "support/places.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ TEST_F(Point_file_test, PrintsOneToFiveDecimals) {
 }
 
 TEST_F(Point_file_test, ReadsBackWhatItWrote) {
-  const std::string golden = support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/point.dat");
+  const std::string golden = support::bytes_of(support::golden_file("observations/point.dat"));
   Point_file point;
   ASSERT_TRUE(read_bytes(golden, point));
   EXPECT_EQ(point.name, "081115-001");

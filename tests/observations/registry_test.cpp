@@ -4,6 +4,7 @@
 
 #include "observations/observation_place.h"
 #include "platform/failures.h"
+#include "support/places.h"
 
 namespace {
 
@@ -125,7 +126,7 @@ struct Golden_registry : testing::TestWithParam<const char*> {
 
 TEST_P(Golden_registry, ComesBackByteForByte) {
   const std::string name = std::string("observations/") + GetParam();
-  place.put(support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/" + name));
+  place.put(support::bytes_of(support::golden_file(name)));
   place.read();
   ASSERT_TRUE(place.registry.complete);
   ASSERT_GT(place.registry.N, 0);
@@ -136,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(BothLanguages, Golden_registry,
                                          "odd_lines_saved.csv", "odd_bytes_saved.csv"));
 
 TEST_F(Registry_bytes, TurnOddLinesIntoTheOnesThatAreTold) {
-  put(support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/odd_lines.csv"));
+  put(support::bytes_of(support::golden_file("observations/odd_lines.csv")));
   read();
   EXPECT_TRUE(support::same_as_golden(observations::registry_bytes(registry), "observations/odd_lines_saved.csv"));
 }
@@ -144,7 +145,7 @@ TEST_F(Registry_bytes, TurnOddLinesIntoTheOnesThatAreTold) {
 // Half-width and user-defined characters, one of two codes for a character, bytes without one, NUL, other line ends, no
 // line end, numbers beyond a double, columns beyond the last one, and marks that the list doesn't offer.
 TEST_F(Registry_bytes, TurnOddBytesIntoTheOnesThatAreTold) {
-  put(support::bytes_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/odd_bytes.csv"));
+  put(support::bytes_of(support::golden_file("observations/odd_bytes.csv")));
   read();
   EXPECT_TRUE(registry.complete);
   EXPECT_EQ(registry.N, 11);

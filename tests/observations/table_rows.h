@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "support/places.h"
+
 namespace observations_test {
 
 using Row = std::map<std::string, std::string>;
@@ -40,7 +42,7 @@ inline std::vector<Row> rows_of(const std::string& path) {
 }
 
 inline std::vector<Row> golden_rows(const std::string& name) {
-  return rows_of(std::string(TERRANOTE_GOLDEN_FOLDER) + "/observations/" + name);
+  return rows_of(support::golden_file("observations/" + name));
 }
 
 inline double number(const Row& row, const std::string& name) {

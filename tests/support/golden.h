@@ -8,6 +8,8 @@
 #include <iterator>
 #include <string>
 
+#include "support/places.h"
+
 namespace support {
 
 inline std::string bytes_of(const std::string& path) {
@@ -38,7 +40,7 @@ inline ::testing::AssertionResult same_bytes(const std::string& got, const std::
 
 // `name` is the file below tests/golden. A missing golden file fails.
 inline ::testing::AssertionResult same_as_golden(const std::string& got, const std::string& name) {
-  const std::string path = std::string(TERRANOTE_GOLDEN_FOLDER) + "/" + name;
+  const std::string path = golden_file(name);
   std::ifstream in(path, std::ios::binary);
   if (!in) return ::testing::AssertionFailure() << "no golden file " << path;
   return same_bytes(got, bytes_of(path));

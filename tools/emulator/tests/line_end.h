@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "emulator/conversation.h"
+#include "support/places.h"
 
 namespace support {
 
@@ -34,7 +35,7 @@ class Line_end {
 };
 
 inline emulator::Conversation conversation(const std::string& name) {
-  return emulator::conversation_of_file(std::string(TERRANOTE_CONVERSATIONS) + "/" + name);
+  return emulator::conversation_of_file(support::in_checkout("tests/instruments/conversations/" + name));
 }
 
 }  // namespace support

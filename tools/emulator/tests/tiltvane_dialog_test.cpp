@@ -23,6 +23,7 @@
 #include "platform/text_files.h"
 #include "support/fake_ports.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 #include "ui/frm_tiltvane.h"
@@ -161,7 +162,7 @@ TEST_P(Tiltvane_dialog, OffersTheModelsDeclinationAtTheMapsPlaceAndBeginsWithIt)
   open();
   EXPECT_FALSE(find<QPushButton>("model")->isEnabled());
   EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0");
-  const std::string coefficients = std::string(TERRANOTE_SHARED_DATA) + "/igrf10.coef";
+  const std::string coefficients = support::shared_data("igrf10.coef");
   if (!std::filesystem::exists(coefficients)) GTEST_SKIP() << "no " << coefficients;
   std::filesystem::copy_file(coefficients, folder.path() / "igrf10.coef");
   session.current_sheet = "503305";

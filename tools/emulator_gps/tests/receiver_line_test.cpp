@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/qt/qt_serial_port.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -30,7 +31,8 @@ struct Receiver : testing::Test {
   static emulator::Conversation walk(emulator::Receiver_choices choices) {
     choices.every = 100;
     choices.baud = 0;
-    return emulator::receiver_conversation(support::bytes_of(TERRANOTE_WALK), choices);
+    return emulator::receiver_conversation(support::bytes_of(support::in_checkout("tools/emulator_gps/walk.nmea")),
+                                           choices);
   }
   void start() { instruments::gps_start(gps, flags, port, boxes, clock); }
   bool ticks_until(const std::function<bool()>& reached, int milliseconds = 20'000) {
@@ -88,7 +90,7 @@ TEST_F(Receiver, IsOpenedWhenItIsPluggedInAfterTheStart) {
 }
 
 TEST_F(Receiver, RecordedOnesAreHeardThroughTheLine) {
-  const std::string log = support::bytes_of(std::string(TERRANOTE_SHARED_DATA) + "/nmea/iTrek.log");
+  const std::string log = support::bytes_of(support::shared_data("nmea/iTrek.log"));
   if (log.empty()) GTEST_SKIP() << "no recorded receivers beside this tree";
   const support::Line_end end(folder.path(), "com04", emulator::receiver_conversation(log, {.every = 100, .baud = 0}));
   start();
