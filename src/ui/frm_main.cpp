@@ -23,6 +23,7 @@
 #include "ui/frame6.h"
 #include "ui/gps_state.h"
 #include "ui/guard.h"
+#include "ui/map_bar.h"
 #include "ui/icons.h"
 #include "ui/toolkit_text.h"
 
@@ -62,9 +63,9 @@ void Frm_main::build_window() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);
   canvas_ = new Canvas_view;
-  HScroll1_ = new QScrollBar(Qt::Horizontal);
+  HScroll1_ = new Map_bar(Qt::Horizontal);
   HScroll1_->setObjectName("HScroll1");
-  VScroll1_ = new QScrollBar(Qt::Vertical);
+  VScroll1_ = new Map_bar(Qt::Vertical);
   VScroll1_->setObjectName("VScroll1");
   grid->addWidget(canvas_, 0, 0);
   grid->addWidget(VScroll1_, 0, 1);

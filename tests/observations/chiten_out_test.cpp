@@ -163,6 +163,41 @@ TEST_F(Chiten_out, APaintedPartGetsWhatReachesIntoItAndNoMore) {
   EXPECT_EQ(numbers({200, 260, 60, 60}), "");
 }
 
+// One reading is drawn on many views: what was kept for one of them must not stand for the next.
+TEST_F(Chiten_out, APartIsRightAfterEachMoveEachScaleAndEachFrame) {
+  add(100, 900, "●");  // at (200, 200), reaching 2 * 3 units and its pen to each side
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  const auto is_in = [&](double left, double top) {
+    Part_recorder surface;
+    surface.part = {left, top, 20, 20};
+    observations::chiten_out(surface, canvas, registry, drawn_records, {});
+    return surface.of("circle").size() == 1;
+  };
+  EXPECT_TRUE(is_in(190, 190));
+  EXPECT_FALSE(is_in(490, 190));
+  canvas.view_x = 300 * maps::twips_per_unit;
+  canvas.view_y = -90 * maps::twips_per_unit;
+  EXPECT_TRUE(is_in(490, 100));
+  EXPECT_FALSE(is_in(190, 190));
+  canvas.view_x = canvas.view_y = 0;
+  canvas.canvas_scale = 3;  // X to 100 + 300, Y to 100 + 3 * 100
+  EXPECT_TRUE(is_in(390, 390));
+  EXPECT_FALSE(is_in(190, 190));
+  canvas.canvas_scale = 1;
+  canvas.map_x0 = 40;  // X to 160
+  EXPECT_TRUE(is_in(150, 190));
+  EXPECT_FALSE(is_in(200, 190));
+}
+
+TEST_F(Chiten_out, ALineFarFromItsPointIsDrawnWhereItsVerticesLie) {
+  add(0, 0, "線").vertices = {{800, 900}, {800, 800}};  // from (900, 200) to (900, 300); the point at (100, 1100)
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  Part_recorder surface;
+  surface.part = {904, 250, 20, 20};  // its pen and margin reach 6 units
+  observations::chiten_out(surface, canvas, registry, drawn_records, {});
+  EXPECT_EQ(surface.of("line").size(), 1u);
+}
+
 TEST_F(Chiten_out, OfALineOnlyTheSegmentsInThePaintedPartAreDrawn) {
   add(0, 0, "線").vertices = {{0, 1000}, {500, 1000}, {500, 600}, {0, 600}};
   Part_recorder surface;
