@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <system_error>
+#include <utility>
 
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
@@ -55,6 +56,14 @@ void check_readable(const fs::path& path) {
 
 [[noreturn]] void fail_last() {
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+}
+
+// Faults that have no name in the standard: a share of the disk that is used up, a file that another program holds.
+bool is_used_up(const std::error_code& fault) {
+  return fault.value() == ERROR_DISK_QUOTA_EXCEEDED;
+}
+bool is_held(const std::error_code& fault) {
+  return fault.value() == ERROR_SHARING_VIOLATION || fault.value() == ERROR_LOCK_VIOLATION;
 }
 
 unsigned long process_number() {
@@ -133,6 +142,14 @@ void flush_folder(const fs::path&) {}
 
 [[noreturn]] void fail_last() {
   throw std::system_error(errno, std::generic_category());
+}
+
+// Faults that have no name in the standard: a share of the disk that is used up, a file that another program holds.
+bool is_used_up(const std::error_code& fault) {
+  return fault.value() == EDQUOT;
+}
+bool is_held(const std::error_code&) {
+  return false;
 }
 
 long process_number() {
@@ -412,6 +429,27 @@ std::string read_file(const fs::path& path, const Disk_gate& gate) {
   };
   read_file_pieces(path, take, gate);
   return bytes;
+}
+
+File_cause cause_of(const std::error_code& fault) {
+  static const std::pair<std::errc, File_cause> causes[] = {
+      {std::errc::no_space_on_device, File_cause::disk_full},
+      {std::errc::permission_denied, File_cause::not_allowed},
+      {std::errc::operation_not_permitted, File_cause::not_allowed},
+      {std::errc::read_only_file_system, File_cause::not_allowed},
+      {std::errc::no_such_file_or_directory, File_cause::missing},
+      {std::errc::not_a_directory, File_cause::missing},
+      {std::errc::device_or_resource_busy, File_cause::in_use},
+      {std::errc::text_file_busy, File_cause::in_use},
+      {std::errc::file_too_large, File_cause::too_large},
+      {std::errc::io_error, File_cause::broken},
+      {std::errc::no_such_device, File_cause::broken},
+      {std::errc::no_such_device_or_address, File_cause::broken},
+  };
+  if (is_used_up(fault)) return File_cause::disk_full;
+  for (const auto& [error, cause] : causes)
+    if (fault == error) return cause;
+  return is_held(fault) ? File_cause::in_use : File_cause::unknown;
 }
 
 std::vector<std::string> names_in(const fs::path& folder) {

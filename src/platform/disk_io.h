@@ -7,9 +7,11 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "platform/disk_gate.h"
+#include "platform/failures.h"
 
 namespace platform {
 
@@ -25,6 +27,9 @@ inline constexpr bool machine_folds_case = false;
 std::filesystem::path machine_path(std::string_view path);
 // A machine's path or name as a text. Where a machine's names are bytes, those that are no UTF-8 stay as they are.
 std::string path_text(const std::filesystem::path& path);
+
+// What a fault of the machine comes to for a user.
+File_cause cause_of(const std::error_code& fault);
 
 struct File_facts {
   bool is_file = false;  // an ordinary file, links followed

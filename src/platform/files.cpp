@@ -26,7 +26,7 @@ auto guarded(const std::string& path, const char* done, Action action) {
   try {
     return action();
   } catch (const std::system_error& fault) {
-    throw File_failure(path + " could not be " + done + ": " + fault.code().message());
+    throw File_failure(path, done, fault.code().message(), cause_of(fault.code()));
   }
 }
 
