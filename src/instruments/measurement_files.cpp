@@ -123,8 +123,8 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     if (!platform::stays_inside(name)) throw platform::File_failure(name + " can't be the name of a file");
     context.files.make_folder(tiltvane_folder(settings.program_path));
     context.files.write_whole(path, bytes_to_save(lines, core::is_japanese(settings.language), Text1));
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return {};
   }
   context.prompts.message(name + "として保存しました。", "Saved Filename is [" + name + "]");

@@ -97,8 +97,8 @@ int write(const Data_context& context, const Measurement_list& list, const Stere
 void keep_declination(const Data_context& context, const std::string& Text1) {
   try {
     observations::henkaku_w(context.files, context.settings.program_path, Text1);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"));
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"), failure);
   }
 }
 
@@ -138,8 +138,8 @@ bool Command9(const Data_context& context, const Measurement_list& list, const S
   int count = 0;
   try {
     count = write(context, list, choice, path);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   if (count == 0) {

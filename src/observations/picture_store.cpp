@@ -321,8 +321,9 @@ bool Command5(Picture_context context, Picture_boxes& boxes) {
   try {
     write_point(context, point, files);
   } catch (const platform::File_failure& failure) {
-    context.prompts.message(std::string("保存できません: ") + failure.what(),
-                            std::string("The files can't be saved: ") + failure.what());
+    const bool known = failure.cause != platform::File_cause::unknown;
+    core::file_failed(context.prompts, {"保存できません: ", "The files can't be saved: "},
+                      known ? failure.file : failure.what(), failure);
     return false;
   }
   boxes.File2 = point.pictures;

@@ -80,10 +80,10 @@ bool write_table(Edit_context context, Registry& registry, int number, const Rec
   registry.rows[number] = record;
   try {
     context.files.write_whole(path, registry_bytes(registry));
-  } catch (const platform::File_failure&) {
+  } catch (const platform::File_failure& failure) {
     registry.rows[number] = old;
     registry.N = old_count;
-    core::write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   return true;
@@ -114,8 +114,8 @@ bool write_memo(Edit_context context, const Entry& entry, const Registry& regist
   }
   try {
     memo_write(context.files, context.settings.project_path, path, entry.boxes.memo);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   return true;
@@ -185,8 +185,8 @@ bool surface_add(Edit_context context, const Entry& entry) {
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.write_whole(path, with_record(lines_to_keep(context.files, path), short_record(entry.boxes)));
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   const std::string done = name + "面に書き込みました。";

@@ -6,8 +6,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "platform/disk_gate.h"
 #include "platform/file_names.h"
 
 namespace platform {
@@ -28,7 +30,7 @@ class Files {
   // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
   // file as it was and no temporary file behind.
   virtual void write_whole(const std::string& path, std::string_view bytes) = 0;
-  // Adds at the end and flushes; makes the file when it is missing.
+  // Adds at the end and flushes; makes the file when it is missing. File_failure leaves the old file as it was.
   virtual void append(const std::string& path, std::string_view bytes) = 0;
   // Copies with the care of write_whole. File_failure when the source can't be read or the target not written.
   virtual void copy(const std::string& from, const std::string& to) = 0;
@@ -48,9 +50,10 @@ class Files {
   virtual void remove_left_over(const std::string&) {}
 };
 
-// The machine's own files.
+// The machine's own files. A gate is for tests that make steps fail: see disk_gate.h.
 class Disk_files : public Files {
  public:
+  explicit Disk_files(Disk_gate gate = {}) : gate_(std::move(gate)) {}
   std::int64_t length(const std::string& path) override;
   std::string read_bytes(const std::string& path) override;
   void read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) override;
@@ -66,6 +69,7 @@ class Disk_files : public Files {
   void remove_left_over(const std::string& folder) override;
 
  private:
+  Disk_gate gate_;
   Folder_listings listings_;
 };
 

@@ -331,8 +331,8 @@ void Tiltvane_data_view::picture_save() {
         ports_.pictures.encode(platform::picture_of(image), format_of(path), drawing::jpeg_quality);
     if (bytes.empty()) throw platform::File_failure(target + " can't be made");
     ports_.files.write_whole(target, bytes);
-  } catch (const platform::File_failure&) {
-    core::write_failed(ports_.prompts, target);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(ports_.prompts, target, failure);
   }
 }
 

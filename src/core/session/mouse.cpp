@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/save_messages.h"
 #include "core/session/entry.h"
 #include "core/session/tools.h"
 #include "core/settings_files.h"
@@ -41,9 +42,9 @@ void section_save(Context c) {
   const platform::Journal_operation operation(c.ports.journal, "断面線", "Section line");
   try {
     core::danmen_line_w(c.ports.files, folder, c.session.section);
-  } catch (const platform::File_failure&) {
-    const std::string path = platform::join_path(folder, "danmen.dat");
-    c.ports.prompts.message("断面線を保存できません: " + path, "The section line can't be saved: " + path);
+  } catch (const platform::File_failure& failure) {
+    core::file_failed(c.ports.prompts, {"断面線を保存できません: ", "The section line can't be saved: "},
+                      platform::join_path(folder, "danmen.dat"), failure);
   }
 }
 
