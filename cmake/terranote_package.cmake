@@ -2,11 +2,12 @@
 #
 # The program knows that it is installed by share/terranote/program beside its own folder (platform/user_folders), so
 # these three are fixed: bin, libexec/terranote, share/terranote/program.
+set(CMAKE_INSTALL_DOCDIR share/doc/terranote)
 include(GNUInstallDirs)
 
 install(TARGETS terranote RUNTIME DESTINATION bin)
 install(TARGETS make_sample RUNTIME DESTINATION libexec/terranote)
-install(FILES src/platform/qt/fill_sheet.py DESTINATION libexec/terranote)
+install(PROGRAMS src/platform/qt/fill_sheet.py DESTINATION libexec/terranote)
 
 # What every new program folder gets.
 set(general ${CMAKE_BINARY_DIR}/general)
@@ -38,6 +39,7 @@ if(GZIP)
   install(FILES ${CMAKE_BINARY_DIR}/changelog.gz DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 install(FILES ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${packaging}/lintian_overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME terranote)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME terranote)
@@ -56,10 +58,11 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n")
 # Any font with Japanese letters will do. Input sheets and sounds are for those who use them.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-ipafont-gothic | fonts-japanese-gothic | fonts-noto-cjk, qt6-wayland")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libreoffice-calc, python3-uno, alsa-utils | pulseaudio-utils")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libreoffice-calc, python3-uno, python3:any, alsa-utils | pulseaudio-utils")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Terranote is for field geologists and site-investigation engineers in Japan.
-It joins scanned topographic sheets to a mosaic, draws observations on it with
-strike and dip at true north, reads a digital clinometer and a GPS receiver, plots
-stereonets and writes Shapefiles. Its texts are in Japanese and in English.")
+It joins scanned topographic sheets to a mosaic, draws observations on it
+with strike and dip at true north, reads a digital clinometer and a GPS
+receiver, plots stereonets and writes Shapefiles. Its texts are in Japanese
+and in English.")
 include(CPack)

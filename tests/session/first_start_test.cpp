@@ -142,8 +142,7 @@ TEST_F(First_start, WritesNothingTheSecondTime) {
 TEST_F(First_start, SaysInOneSentenceWhyThereIsNoProgramFolder) {
   files.read_only = true;
   EXPECT_EQ(run(), program);
-  ASSERT_THAT(prompts.shown, SizeIs(1));
-  EXPECT_THAT(prompts.shown[0], HasSubstr("プログラムフォルダを用意できないため、設定を保存できません: "));
+  EXPECT_THAT(prompts.shown, ElementsAre("プログラムフォルダを作れないため、設定を保存できません: " + program));
   EXPECT_FALSE(is_there(program));
 }
 
@@ -170,8 +169,9 @@ TEST_F(First_start, MakesTheProgramFolderOnFilesInMemoryToo) {
   memory.write_whole("C:\\templates\\igrf10.coef", "coefficients");
   start.place = {"C:\\data\\terranote", "C:\\templates", ""};
   EXPECT_TRUE(session::program_folder_make(start, memory, prompts));
-  EXPECT_EQ(memory.read_bytes("C:\\data\\terranote\\igrf10.coef"), "coefficients");
-  EXPECT_EQ(core::language_r(memory, "C:\\data\\terranote"), "Japanese");
+  const std::string made_at = memory.native_path(start.place.folder);
+  EXPECT_EQ(memory.read_bytes(made_at + "\\igrf10.coef"), "coefficients");
+  EXPECT_EQ(core::language_r(memory, made_at), "Japanese");
 }
 
 TEST_F(First_start, PutsTheWantedSampleInPlace) {
@@ -285,6 +285,22 @@ TEST_F(First_start, OffersNoSampleWhereTheSettingsCannotNameTheProgramFolder) {
   run();
   EXPECT_THAT(prompts.shown, IsEmpty());
   EXPECT_TRUE(is_there(start.place.folder + "/igrf10.coef"));
+}
+
+TEST_F(First_start, SaysWhenTheFolderOfTheProjectCannotBeMade) {
+  struct : support::Fault_files {
+    using Fault_files::Fault_files;
+    bool make_folder(const std::string& path) override {
+      return path.find("Terranote sample") == std::string::npos && Fault_files::make_folder(path);
+    }
+  } refusing{disk};
+  start.language = "English";
+  prompts.answers = {Answer::yes};
+  session::first_start(start, refusing, prompts);
+  ASSERT_THAT(prompts.shown, SizeIs(2));
+  EXPECT_EQ(prompts.shown[1],
+            "The sample could not be put in place: " + documents + "/Terranote sample could not be made");
+  EXPECT_FALSE(is_there(program + "/sample.set"));
 }
 
 // Every write of the road fails in turn; the next start, on a disk that works, brings it to its end.

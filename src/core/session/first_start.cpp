@@ -35,16 +35,12 @@ bool is_there(Files& files, const std::string& path) {
   return files.time_stamp(path) != 0;
 }
 
-void make_folder(Files& files, const std::string& path) {
-  if (!files.make_folder(path)) throw File_failure(path + " could not be made");
-}
-
-// Makes a folder and those above it that are missing.
-void make_folders(Files& files, const std::string& path) {
+// Makes a folder and those above it that are missing. False when it isn't there then.
+bool folders_made(Files& files, const std::string& path) {
   const std::size_t last = path.find_last_of("\\/");
   if (last != std::string::npos && last > 0 && !files.folder_exists(path.substr(0, last)))
-    make_folders(files, path.substr(0, last));
-  make_folder(files, path);
+    folders_made(files, path.substr(0, last));
+  return files.make_folder(path);
 }
 
 // The files of one folder, but for those of the names left out.
@@ -118,16 +114,19 @@ void sample_settings(const std::string& sample_program, const std::string& progr
 }  // namespace
 
 bool program_folder_make(const First_start& start, Files& files, Prompts& prompts) {
-  const std::string& program_path = start.place.folder;
+  const std::string program_path = files.native_path(start.place.folder);
+  if (!folders_made(files, program_path)) {
+    prompts.message("プログラムフォルダを作れないため、設定を保存できません: " + program_path,
+                    "The program folder can't be made, so settings can't be kept: " + program_path);
+    return false;
+  }
   try {
-    make_folders(files, program_path);
     copy_missing(files, start.place.templates, program_path);
     if (never_started(files, program_path)) core::language_w(files, program_path, start.language);
     return true;
   } catch (const File_failure& failure) {
-    prompts.message(
-        std::string("プログラムフォルダを用意できないため、設定を保存できません: ") + failure.what(),
-        std::string("The program folder could not be made ready, so settings can't be kept: ") + failure.what());
+    prompts.message(std::string("プログラムフォルダに書き込めないため、設定を保存できません: ") + failure.what(),
+                    std::string("The program folder can't be written, so settings can't be kept: ") + failure.what());
     return false;
   }
 }
@@ -169,7 +168,7 @@ void sample_place(const std::string& folder, const std::string& program_path, co
   const std::string from_program = join_path(folder, "program"), from_project = join_path(folder, "project");
   // Its maker writes the settings last.
   if (files.length(join_path(from_program, settings_name)) == 0) throw File_failure(folder + " holds no whole sample");
-  make_folders(files, project);
+  if (!folders_made(files, project)) throw File_failure(project + " could not be made");
   if (!is_there(files, join_path(project, project_marker))) {
     platform::Line_writer marker;
     marker.line(marker_line);
