@@ -55,7 +55,12 @@ struct Made {
   support::Temporary_folder folder;
   fs::path target = folder.path() / "sample";
   Noting_files files;
-  Made() { sample::make_folders(files, small_sample(target)); }
+  std::vector<std::pair<int, int>> progress;
+  Made() {
+    sample::Making making = small_sample(target);
+    making.progress = [this](int made, int of) { progress.emplace_back(made, of); };
+    sample::make_folders(files, making);
+  }
   std::string program() const { return (target / "program").string(); }
 };
 
@@ -86,6 +91,22 @@ TEST(Make_sample, LeavesAFolderAloneThatItDidNotMake) {
 TEST(Make_sample, WritesTheSettingsLast) {
   ASSERT_FALSE(made().files.written.empty());
   EXPECT_EQ(made().files.written.back(), platform::join_path(made().program(), "settei.ini"));
+}
+
+TEST(Make_sample, TellsHowManyOfItsPicturesAreMade) {
+  // Four whole sheets, nine quarter sheets, one at 1:50,000, two free pictures.
+  ASSERT_EQ(made().progress.size(), 16u);
+  for (int i = 0; i < 16; ++i) EXPECT_EQ(made().progress[static_cast<std::size_t>(i)], std::pair(i + 1, 16));
+}
+
+TEST(Make_sample, MakesTheFilesOfAnyProgramFolderAlone) {
+  support::Temporary_folder folder;
+  platform::Disk_files files;
+  const fs::path target = fs::path(folder.path()) / "general";
+  sample::make_general(files, target.string());
+  const std::map<std::string, std::string> general = contents(target), whole = contents(made().target / "program");
+  ASSERT_EQ(general.size(), 2u);
+  for (const char* name : {"igrf10.coef", "def.dbf"}) EXPECT_EQ(general.at(name), whole.at(name)) << name;
 }
 
 TEST(Make_sample, WritesTheSameBytesEachTime) {
