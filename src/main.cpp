@@ -1,10 +1,9 @@
 // Starts the toolkit, makes the ports, opens the main window.
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QScreen>
 #include <QStyleFactory>
-#include <QTranslator>
 
+#include "core/language.h"
 #include "core/session/session.h"
 #include "core/session/start_up.h"
 #include "platform/files.h"
@@ -17,6 +16,7 @@
 #include "ui/fonts.h"
 #include "ui/frm_main.h"
 #include "ui/qt_prompts.h"
+#include "ui/toolkit_language.h"
 #include "ui/toolkit_text.h"
 
 int main(int argc, char** argv) {
@@ -41,12 +41,7 @@ int main(int argc, char** argv) {
   session.state_folder = platform::state_folder();
   session::form_load(session, ports, ui::from_toolkit(QApplication::applicationDirPath()));
 
-  // The toolkit's own texts, such as the folder picker's, follow the language in force at the start.
-  QTranslator toolkit_texts;
-  if (session.settings.language == "Japanese" &&
-      toolkit_texts.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QApplication::installTranslator(&toolkit_texts);
-
+  ui::use_toolkit_language(core::is_japanese(session.settings.language));
   ui::Frm_main window(session, ports);
   prompts.stand_over(&window);
   // A small screen is filled; the window's own size is that of a large one.
