@@ -1,12 +1,11 @@
 // Starts the toolkit, makes the ports, opens the main window.
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QStyleFactory>
-#include <QTranslator>
 
+#include "core/language.h"
 #include "core/session/first_start.h"
 #include "core/session/session.h"
 #include "core/session/start_up.h"
@@ -22,6 +21,7 @@
 #include "ui/icons.h"
 #include "ui/qt_prompts.h"
 #include "ui/sample_maker.h"
+#include "ui/toolkit_language.h"
 #include "ui/toolkit_text.h"
 
 namespace {
@@ -68,12 +68,7 @@ int main(int argc, char** argv) {
   if (program_path.empty()) return 1;
   session::form_load(session, ports, program_path);
 
-  // The toolkit's own texts, such as the folder picker's, follow the language in force at the start.
-  QTranslator toolkit_texts;
-  if (session.settings.language == "Japanese" &&
-      toolkit_texts.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QApplication::installTranslator(&toolkit_texts);
-
+  ui::use_toolkit_language(core::is_japanese(session.settings.language));
   ui::Frm_main window(session, ports);
   prompts.stand_over(&window);
   // A small screen is filled; the window's own size is that of a large one.

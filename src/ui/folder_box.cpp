@@ -36,7 +36,8 @@ void Folder_box::set_folder(const QString& folder) {
 
 void Folder_box::set_captions(const QString& browse, const QString& title) {
   button_->setText(browse);
-  button_->setAccessibleName(title);
+  button_->setAccessibleName(QString(browse).remove("...") + ": " + title);
+  if (edit_->accessibleName().isEmpty()) edit_->setAccessibleName(title);
   title_ = title;
 }
 

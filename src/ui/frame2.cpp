@@ -73,6 +73,7 @@ QScrollArea* scrolled(QWidget* page) {
   area->setWidget(page);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);  // it scrolls to the box that has the keyboard
   return area;
 }
 

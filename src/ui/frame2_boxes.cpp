@@ -109,6 +109,7 @@ void Frame2_dialog::Language_set() {
   for (std::size_t i = 1; i < 5; ++i) findChild<QLineEdit*>(cell_name(i))->setPlaceholderText(cell_hint());
   for (auto* label : findChildren<QLabel*>())
     if (label->buddy()) label->buddy()->setAccessibleName(label->text().remove('&'));
+  findChild<QListWidget*>("File11")->setAccessibleName(findChild<QGroupBox*>("Frame17")->title());
   for (auto* box : findChildren<Folder_box*>()) {
     const QString title = box->accessibleName();
     box->edit()->setAccessibleName(title);

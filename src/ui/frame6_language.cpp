@@ -7,6 +7,7 @@
 
 #include "core/language.h"
 #include "ui/colour_button.h"
+#include "ui/either.h"
 #include "ui/frame6.h"
 #include "ui/mark_preview.h"
 #include "ui/toolkit_text.h"
@@ -59,6 +60,7 @@ constexpr Own_caption own_captions[] = {
     {"label_mark",       "Mark",                   "Mark"},
     {"label_size",       "Large",                  "Large"},
     {"label_colour",     "Color",                  "Color"},
+    {"label_line_colour", "線・囲み",              "Line"},
     {"label_memo",       "メモ",                   "Memo"},
     {"label_surface",    "地層面",                 "Surface"},
     {"heading_mark",     "記号",                   "Symbol"},
@@ -142,7 +144,7 @@ bool Frame6::japanese() const {
 }
 
 QString Frame6::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese() ? in_japanese : in_english);
+  return Either{japanese()}(in_japanese, in_english);
 }
 
 void Frame6::Language_set() {

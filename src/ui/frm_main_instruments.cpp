@@ -89,6 +89,7 @@ void Frm_main::switch_gps() {
       Timer2_->stop();
       session::gps_stop(session_, *MSComm1_);
       gps_sheet_->clear();
+      gps_sheet_->hide();
       show_project();
     } else {
       session::gps_start(session_, ports_, *MSComm1_);
@@ -107,6 +108,7 @@ void Frm_main::gps_tick() {
       gps_sheet_->setText(followed.outside && followed.Label16.empty()
                               ? QString::fromUtf8(japanese() ? "範囲外" : "Outside all sheets")
                               : to_toolkit(followed.Label16));
+      gps_sheet_->setVisible(!gps_sheet_->text().isEmpty());
       shown_folder_->setText(to_toolkit(followed.data_path));
     }
     if (followed.row >= 0) {

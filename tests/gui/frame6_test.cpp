@@ -589,7 +589,7 @@ TEST_P(Frame6, IsClippedNowhereAndNamesEveryBox) {
     }
     for (const QSize size : {QSize(270, 520), QSize(270, 700), QSize(420, 900)}) {
       place.frame->resize(size);
-      QTest::qWait(20);
+      QCoreApplication::processEvents();
       EXPECT_TRUE(support::nothing_clipped(place.frame.get())) << size.width() << (open ? " open" : " closed");
     }
     EXPECT_LE(place.frame->minimumSizeHint().width(), 270);
@@ -600,7 +600,7 @@ TEST_P(Frame6, IsClippedNowhereAndNamesEveryBox) {
 TEST_P(Frame6, KeepsSaveAndCloseInSightOnALowScreen) {
   place.open();
   place.frame->resize(270, 420);
-  QTest::qWait(20);
+  QCoreApplication::processEvents();
   for (const char* name : {"Command9", "Command22"})
     EXPECT_TRUE(place.frame->rect().contains(
         QRect(find<QWidget>(name)->mapTo(place.frame.get(), QPoint()), find<QWidget>(name)->size())))

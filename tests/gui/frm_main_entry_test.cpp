@@ -44,12 +44,12 @@ struct Frm_main_entry : support::Main_window {
   void press(const char* button) { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
   void trigger(const char* action) {
     find<QAction>(action)->trigger();
-    QTest::qWait(10);
+    QCoreApplication::processEvents();
   }
   // Right press at a place; `choose` is called with the menu that comes up.
   void right_press(QPoint at, const std::function<void(QMenu*)>& choose) {
     bool came_up = false;
-    QTimer::singleShot(50, window.get(), [&] {
+    QTimer::singleShot(0, window.get(), [&] {
       auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
       came_up = menu != nullptr;
       if (!menu) return;
@@ -57,7 +57,7 @@ struct Frm_main_entry : support::Main_window {
       menu->close();
     });
     QTest::mouseClick(map(), Qt::RightButton, {}, at);
-    QTest::qWait(20);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(came_up);
   }
   std::string registry() { return files.read_bytes(project() + "/chisou_men/genchi.csv"); }
@@ -68,7 +68,7 @@ struct Frm_main_entry : support::Main_window {
     type("Text14_5", "N15W");
     type("Text14_6", "30E");
     press("Command9");
-    QTest::qWait(10);
+    QCoreApplication::processEvents();
   }
 };
 
@@ -191,7 +191,7 @@ TEST_F(Frm_main_entry, ALineIsDrawnByPressesAndEndsWithEnter) {
   for (const QPoint by : {QPoint(-40, 0), QPoint(0, 30)}) QTest::mouseClick(map(), Qt::LeftButton, {}, middle() + by);
   EXPECT_EQ(session.flags.line_count, 2);
   QTest::mouseMove(map(), middle() + QPoint(50, 50));
-  QTest::qWait(10);
+  QCoreApplication::processEvents();
   QTest::keyClick(map(), Qt::Key_Return);
   EXPECT_EQ(session.flags.line_mode, 0);
   press("Command9");
@@ -295,7 +295,7 @@ TEST_F(Frm_main_entry, AShapefileDialogThatIsCancelledIsNoStepOfTheUndo) {
   open_map_with_journal();
   register_at("13900500", "3500500");
   trigger("mnu_henkou");
-  QTimer::singleShot(50, window.get(), [] {
+  QTimer::singleShot(0, window.get(), [] {
     if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
   });
   press("Command7");
