@@ -326,6 +326,18 @@ TEST(Settei_read, TakesFlagsAsWordsAndNumbersAndLeavesAnOptionBesideAnythingElse
   EXPECT_TRUE(place.boxes.Option9);
 }
 
+TEST(Settei_read, TakesAnEmptyFieldForAFalseFlagAndAnEmptyWholeLineForNone) {
+  Place place;
+  std::vector<std::string> lines = support::settei_lines(place.project.string(), "");
+  for (const std::size_t line : {6, 9, 16, 26}) lines[line - 1] = "";
+  place.settei(support::joined(lines));
+  ASSERT_TRUE(place.read());
+  EXPECT_THAT(place.boxes.Option4, ElementsAre(false, false, false));
+  EXPECT_THAT(place.boxes.Option5, ElementsAre(false, false));
+  EXPECT_FALSE(place.boxes.Option6);
+  EXPECT_TRUE(place.boxes.Option8);
+}
+
 TEST(Settei_read, SetsTheDatum) {
   Place place;
   std::vector<std::string> lines = support::settei_lines(place.project.string(), "");
