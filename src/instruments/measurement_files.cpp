@@ -11,6 +11,7 @@
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
+#include "platform/utf8.h"
 
 namespace instruments {
 namespace {
@@ -79,7 +80,7 @@ void Tiltvane_out(Measurement_list& list, platform::Files& files, const std::str
     std::string line = platform::decode_932(bytes);
     if (is_measurement_header(line)) return true;
     if (line.find("END") != std::string::npos) return false;
-    if (line.size() < shortest_line) return true;
+    if (platform::character_count(line) < shortest_line) return true;
     read.shortened = static_cast<int>(read.rows.size()) == list_limit;
     if (!read.shortened) read.rows.push_back({std::move(line), false});
     return !read.shortened;

@@ -108,7 +108,7 @@ std::string stereo_net_header(bool japanese) {
   return japanese ? header_japanese : header_english;
 }
 
-// 12,L,  N50E,   49S,  N37E,    12,N,50,E,49,S,N,37,E,12, 7 ,#012 ＋
+// 12,L,  N50E,   49S,  N37E,    12,N,50,E,49,S,N,37,E,12, 7 ,012 ＋
 // 1  2 3      4      5      6      7 8  9 10 11 12 13 14 15 16 17
 std::string stereo_net_line(std::string_view line, const Stereo_net_choice& choice) {
   const Parts plane = plane_of(line, choice);
