@@ -6,7 +6,7 @@
 #include <QToolButton>
 
 #include "core/session/gps_follow.h"
-#include "core/session/sheet.h"
+#include "core/session/redraw.h"
 #include "platform/qt/qt_serial_port.h"
 #include "ui/canvas_view.h"
 #include "ui/frm_keiro.h"
@@ -31,10 +31,7 @@ void Frm_main::connect_instruments() {
 
 // The routes and the registry are read again, and all of the map is drawn.
 void Frm_main::project_changed() {
-  guarded([this] {
-    if (session_.sheet_shown()) session::registry_r(session_, ports_);
-    show(Redraw::all);
-  });
+  perform([this] { return session::re_gamen(session_, ports_); });
   records_changed();
 }
 
