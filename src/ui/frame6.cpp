@@ -179,6 +179,9 @@ void Frame6::add_position(QFormLayout* form) {
   pick_ = named(new Wrap_button, "pick_position");
   pick_->setCheckable(true);
   form->addRow(pick_);
+  auto* move_hint = named(new QLabel, "move_hint");
+  move_hint->setWordWrap(true);
+  form->addRow(move_hint);
 }
 
 // In the order of the record's boxes: the tab key goes the same way.

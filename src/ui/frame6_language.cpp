@@ -67,6 +67,7 @@ constexpr Own_caption own_captions[] = {
     {"heading_line",     "線・囲み",               "Line or enclosure"},
     {"heading_more",     "この地点の資料",         "More on this point"},
     {"pick_position",    "地図で位置を指定(&P)",   "&Pick the position on the map"},
+    {"move_hint",        "地点変更は右クリック",   "A right click changes the position"},
     {"Check1",           "同標高点繰り返し入力",   "Keep the height for new points"},
     {"Check7",           "境界に使用する",         "Use as a boundary"},
     {"Command1",         "入力シート登録",         "Input sheet"},

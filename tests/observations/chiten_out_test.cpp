@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text_files.h"
+#include "support/places.h"
 #include "support/recorder.h"
+#include "table_rows.h"
 
 using observations::Chiten_choice;
 using observations::Number_shown;
@@ -76,11 +79,16 @@ TEST_F(Chiten_out, AnEnclosureIsARingAndSeeThroughWhereThatIsTicked) {
 }
 
 TEST_F(Chiten_out, AWordIsWritten) {
-  add(0, 1000, "文字").soukou = "断層破砕帯";
+  Record& record = add(0, 1000, "文字");
+  record.soukou = "断層破砕帯";
+  record.keisha = "30E";
+  record.G = 255;
   const auto texts = drawn().of("text");
   ASSERT_EQ(texts.size(), 1u);
   EXPECT_EQ(texts[0].text, "断層破砕帯");
   EXPECT_EQ(texts[0].points[0], (drawing::Point{100, 100}));
+  EXPECT_EQ(texts[0].colour, 0x00ff00u);
+  EXPECT_TRUE(drawn().of("line").empty()) << "its words are no strike";
 }
 
 TEST_F(Chiten_out, TheNumberStandsBesideThePoint) {
@@ -226,4 +234,31 @@ TEST_F(Chiten_out, DrawingLeavesTheTableAsItIs) {
   const Record before = record;
   drawn({true, false, Number_shown::registration});
   EXPECT_EQ(registry.rows[1], before);
+}
+
+// The published field at places all over the east of the northern half, by the independent synthesis.
+TEST_F(Chiten_out, EachGeographicRecordTakesTheDeclinationOfItsOwnPlace) {
+  platform::Disk_files files;
+  const observations::Geomagnetic_field field =
+      observations::field_of_lines(platform::read_lines(files, support::golden_file("observations/igrf10.coef")));
+  std::vector<double> declinations;
+  for (const auto& row : observations_test::golden_rows("declination.csv")) {
+    const double x = observations_test::number(row, "longitude"), y = observations_test::number(row, "latitude");
+    if (x <= 10 || y <= 10 || y >= 90) continue;  // told apart from metres by their size
+    for (const char* done : {"0", "1"}) {
+      Record& record = add(x * 100'000, y * 100'000, "○");
+      record.soukou = "NS";
+      record.keisha = "30E";
+      record.henkaku_done = done;
+    }
+    declinations.push_back(observations_test::number(row, "declination"));
+  }
+  ASSERT_GT(declinations.size(), 10u);
+  const auto symbols = observations::drawn_records(registry, field, canvas).symbols;
+  ASSERT_EQ(symbols.size(), 2 * declinations.size());
+  for (std::size_t i = 0; i < declinations.size(); ++i) {
+    EXPECT_NEAR(symbols[2 * i].azimuth, declinations[i], 1e-6);
+    EXPECT_EQ(symbols[2 * i + 1].azimuth, 0) << "it is corrected";
+    EXPECT_TRUE(symbols[2 * i].true_north && symbols[2 * i + 1].true_north);
+  }
 }
