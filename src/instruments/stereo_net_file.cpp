@@ -151,4 +151,15 @@ bool Command9(const Data_context& context, const Measurement_list& list, const S
   return true;
 }
 
+bool net_picture_save(const Data_context& context, const std::string& path, const std::string& bytes) {
+  try {
+    if (bytes.empty()) throw platform::File_failure("there is no picture of the net");
+    context.files.write_whole(path, bytes);
+    return true;
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
+    return false;
+  }
+}
+
 }  // namespace instruments

@@ -109,8 +109,9 @@ bool write_memo(Edit_context context, const Entry& entry, const Registry& regist
   }
   if (!changed && context.files.length(path) > 0) {
     // A number that was just given out is in no file: a memo of its name belonged to a record that is gone.
-    if (is_newly_given(entry, registry, number)) context.files.remove(path);
-    return true;
+    if (!is_newly_given(entry, registry, number) || context.files.remove(path)) return true;
+    context.prompts.message("削除できません: " + path, "The file can't be deleted: " + path);
+    return false;
   }
   try {
     memo_write(context.files, context.settings.project_path, path, entry.boxes.memo);

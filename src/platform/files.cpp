@@ -70,7 +70,11 @@ void Disk_files::read_pieces(const std::string& path, const std::function<bool(s
 }
 
 void Disk_files::write_whole(const std::string& path, std::string_view bytes) {
-  guarded(path, "written", [&] { replace_file(find_path(listings_, path), bytes, gate_); });
+  guarded(path, "written", [&] {
+    const fs::path target = find_path(listings_, path);
+    sweep_once(target.parent_path());
+    replace_file(target, bytes, gate_);
+  });
 }
 
 void Disk_files::append(const std::string& path, std::string_view bytes) {
@@ -126,6 +130,12 @@ std::int64_t Disk_files::time_stamp(const std::string& path) {
 
 std::string Disk_files::native_path(const std::string& path) {
   return path_text(find_path(listings_, path));
+}
+
+// A folder of the user's, outside of the project, is known by what is saved there alone.
+void Disk_files::sweep_once(const fs::path& folder) {
+  const std::lock_guard lock(sweeping_);
+  if (swept_.insert(folder).second) platform::remove_left_over(folder);
 }
 
 void Disk_files::remove_left_over(const std::string& folder) {

@@ -3,7 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
+#include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,7 +31,8 @@ class Files {
     take(read_bytes(path));
   }
   // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
-  // file as it was and no temporary file behind.
+  // file as it was and no temporary file behind; those that a killed program left in the folder go with the first
+  // write.
   virtual void write_whole(const std::string& path, std::string_view bytes) = 0;
   // Adds at the end and flushes; makes the file when it is missing. File_failure leaves the old file as it was.
   virtual void append(const std::string& path, std::string_view bytes) = 0;
@@ -69,8 +73,12 @@ class Disk_files : public Files {
   void remove_left_over(const std::string& folder) override;
 
  private:
+  void sweep_once(const std::filesystem::path& folder);
+
   Disk_gate gate_;
   Folder_listings listings_;
+  std::mutex sweeping_;
+  std::set<std::filesystem::path> swept_;  // folders that were written to in this run
 };
 
 // `folder` + "\" + `name`, with one separator between them.

@@ -533,4 +533,25 @@ TEST_F(Tiltvane_link, OffersTheDownloadBeforeOneThatBroughtNoiseOnly) {
   EXPECT_EQ(bytes("Tiltvane.old"), record);
 }
 
+// There is the table of an older download; the answer is written, and then the disk fails.
+TEST_F(Tiltvane_link, OffersABrokenDownloadAgainWhoseTableCouldNotBeWritten) {
+  memory.write_whole(program + "\\TMP2.TMP", "the table of an older download\r\n");
+  read({record});
+  read_ticks(60);
+  files.failing_write = 2;
+  EXPECT_THROW(instruments::read_again(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(instruments::broken_download(files, program).records, 1u);
+  EXPECT_TRUE(instruments::read_again(link, boxes, ports));
+  EXPECT_EQ(instruments::broken_download(files, program).path, "");
+}
+
+TEST_F(Tiltvane_link, LeavesALogThatCannotBeRead) {
+  memory.write_whole(program + "\\Tiltvane.tmp", record);
+  files.unreadable = "Tiltvane.tmp";
+  EXPECT_THROW(instruments::GeoRead_start(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(memory.read_bytes(program + "\\Tiltvane.tmp"), record);
+  EXPECT_THROW(instruments::read_again(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(instruments::broken_download(files, program).path, "") << "what can't be read is not offered";
+}
+
 }  // namespace

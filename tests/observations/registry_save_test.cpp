@@ -389,4 +389,27 @@ TEST_F(Surface_add, MakesASurfaceThatIsNotThereYet) {
   EXPECT_EQ(bytes("sawa.csv"), "1,,,,,,,,\r\n");
 }
 
+TEST_F(Surface_add, ReadsTheTargetOnce) {
+  put_lines({"1,2,3"}, "sawa.csv");
+  entry.boxes.Combo2 = "sawa";
+  files.log.clear();
+  EXPECT_TRUE(surface_add(context(), entry));
+  EXPECT_EQ(files.calls("read_bytes"), 1) << "read again it may fail, and the lines would be lost";
+  EXPECT_EQ(bytes("sawa.csv"), "1,2,3\r\n1,,,,,,,,\r\n");
+}
+
+TEST_F(Registry_save, IsRefusedWhereAMemoOfANewNumberCannotBeRemoved) {
+  disk.make_folder(path("txt"));
+  put_lines({"an old memo"}, "txt\\081115-001.txt");
+  read();
+  sinki();
+  ASSERT_EQ(entry.boxes.Text14[box_touroku_no], "081115-001");
+  files.read_only = true;
+  EXPECT_FALSE(save().saved);
+  EXPECT_EQ(prompts.shown, (std::vector<std::string>{"削除できません: " + path("txt\\081115-001.txt")}));
+  files.read_only = false;
+  EXPECT_TRUE(save().saved);
+  EXPECT_EQ(disk.length(path("txt\\081115-001.txt")), 0);
+}
+
 }  // namespace
