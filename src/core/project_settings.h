@@ -1,9 +1,9 @@
 // The state of a project that the whole program reads, and the basic settings that it is set from.
 //
 // Two folders hold everything: the program folder, the same for every project (platform/user_folders.h tells where it
-// is), and the project folder, whose subfolder \chisou_men holds the project's data. A settings file is a fixed sequence
-// of lines in code page 932; the meaning of a line is its position. The basic settings' own file is settei.ini: see
-// settei.h.
+// is), and the project folder, whose subfolder \chisou_men holds the project's data. A settings file is a fixed
+// sequence of lines in code page 932; the meaning of a line is its position. The basic settings' own file is
+// settei.ini: see settei.h.
 #pragma once
 
 #include <array>

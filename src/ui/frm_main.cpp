@@ -25,8 +25,8 @@
 #include "ui/frame6.h"
 #include "ui/gps_state.h"
 #include "ui/guard.h"
-#include "ui/map_bar.h"
 #include "ui/icons.h"
+#include "ui/map_bar.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
