@@ -150,6 +150,7 @@ TEST_F(Window_instruments, FollowTheReceiverOverTheSheetsThroughLossAndPulling) 
   line.write(burst("3542.0000", "13855.0000"));
   EXPECT_TRUE(comes([&] { return session.current_sheet == "533847"; }));
   EXPECT_EQ(label("Label16"), QString::fromUtf8("東沢"));
+  EXPECT_EQ(window->findChild<QListView*>("List2")->currentIndex().row(), 1);
 
   const QString folder_shown = label("shown_folder");
   line.write(burst("3542.0000", "13901.0000"));
