@@ -97,6 +97,7 @@ TEST(LatLon2MeshCode, EachDigitHasItsRangeAndItsSentence) {
   EXPECT_EQ(failure_of_digits(0, 8, 0, 0), "LatLon2MeshCode: 経度の2次メッシュコードが0-7の範囲にありません。 8");
   EXPECT_EQ(failure_of_digits(0, 0, 10, 0), "LatLon2MeshCode: 緯度の3次メッシュコードが0-9の範囲にありません。 10");
   EXPECT_EQ(failure_of_digits(0, 0, 0, -1), "LatLon2MeshCode: 経度の3次メッシュコードが0-9の範囲にありません。 -1");
+  EXPECT_EQ(failure_of_digits(0, 0, 0, 10), "LatLon2MeshCode: 経度の3次メッシュコードが0-9の範囲にありません。 10");
 }
 
 TEST(LatLon2MeshCode, TheFirstDigitOutOfRangeIsTheOneThatIsNamed) {
