@@ -58,6 +58,18 @@ std::string reason_of(QProcess& process) {
                                : said.last().toStdString();
 }
 
+void tell_failure(platform::Prompts& prompts, const std::string& reason) {
+  prompts.message("サンプルを作成できませんでした: " + reason, "The sample could not be made: " + reason);
+}
+
+// What follows takes a second or two and can't be stopped.
+void show_placing(QProgressDialog& window, bool japanese) {
+  window.setLabelText(japanese ? QStringLiteral("サンプルを置いています…")
+                               : QStringLiteral("Putting the sample in place…"));
+  window.setCancelButton(nullptr);
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 bool has_worked(const QProcess& process) {
   return process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit &&
          process.exitCode() == 0;
@@ -68,6 +80,10 @@ bool has_worked(const QProcess& process) {
 Sample_making make_sample(const std::string& tool, bool japanese, platform::Prompts& prompts,
                           const session::Take_sample& take) {
   const QTemporaryDir aside;
+  if (!aside.isValid()) {
+    tell_failure(prompts, from_toolkit(aside.errorString()));
+    return Sample_making::failed;
+  }
   const QString folder = aside.filePath("sample");
   QProcess process;
   process.setProgram(to_toolkit(tool));
@@ -78,10 +94,10 @@ Sample_making make_sample(const std::string& tool, bool japanese, platform::Prom
   if (window.wasCanceled()) return Sample_making::stopped;
   if (!has_worked(process)) {
     window.hide();
-    const std::string reason = reason_of(process);
-    prompts.message("サンプルを作成できませんでした: " + reason, "The sample could not be made: " + reason);
+    tell_failure(prompts, reason_of(process));
     return Sample_making::failed;
   }
+  show_placing(window, japanese);
   take(from_toolkit(folder));
   return Sample_making::made;
 }

@@ -20,6 +20,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
+QProgressDialog* window_shown() {
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (widget->objectName() == "sample_making" && widget->isVisible()) return qobject_cast<QProgressDialog*>(widget);
+  return nullptr;
+}
+
 // A tool of the test's own: a shell script that is told "--progress <folder>".
 struct Sample_maker : testing::Test {
   support::Temporary_folder folder;
@@ -27,6 +33,7 @@ struct Sample_maker : testing::Test {
   std::string tool = folder.text() + "/make_sample";
   std::string taken;     // what the file "made" of the folder handed over held
   std::string taken_at;  // that folder
+  QString said_then;     // what the window said meanwhile
 
   void SetUp() override {
     if (!std::filesystem::exists("/bin/sh")) GTEST_SKIP() << "there is no /bin/sh for a tool of the test's own";
@@ -40,16 +47,11 @@ struct Sample_maker : testing::Test {
     prompts.use_language(japanese ? "Japanese" : "English");
     return ui::make_sample(tool, japanese, prompts, [&](const std::string& made) {
       taken_at = made;
+      if (const QProgressDialog* const window = window_shown()) said_then = window->labelText();
       std::getline(std::ifstream(made + "/made"), taken);
     });
   }
 };
-
-QProgressDialog* window_shown() {
-  for (QWidget* widget : QApplication::topLevelWidgets())
-    if (widget->objectName() == "sample_making" && widget->isVisible()) return qobject_cast<QProgressDialog*>(widget);
-  return nullptr;
-}
 
 // Does something with the window as soon as it is there and `ready`, within ten seconds.
 template <typename Ready, typename Action>
@@ -68,6 +70,7 @@ void when(Ready ready, Action action, int tries = 1000) {
 TEST_F(Sample_maker, HandsOverWhatTheToolMadeAndRemovesIt) {
   EXPECT_EQ(make_with("mkdir \"$2\"; echo \"$1\" >\"$2/made\""), Sample_making::made);
   EXPECT_EQ(taken, "--progress");
+  EXPECT_EQ(said_then.toStdString(), "Putting the sample in place…");
   EXPECT_FALSE(std::filesystem::exists(taken_at));
   EXPECT_THAT(prompts.shown, IsEmpty());
   EXPECT_EQ(window_shown(), nullptr);
@@ -102,6 +105,19 @@ TEST_F(Sample_maker, SaysWhatTheToolSaidWhenItFails) {
 TEST_F(Sample_maker, SaysWhenTheToolIsMissing) {
   EXPECT_EQ(make(true), Sample_making::failed);
   EXPECT_THAT(prompts.shown, ElementsAre(HasSubstr("サンプルを作成できませんでした: " + tool)));
+}
+
+TEST_F(Sample_maker, SaysWhenThereIsNoRoomForTheMaking) {
+  if (!std::filesystem::exists("/proc")) GTEST_SKIP() << "there is no /proc, a folder where nobody can make one";
+  const QByteArray former = qgetenv("TMPDIR");
+  qputenv("TMPDIR", "/proc");
+  EXPECT_EQ(make_with("exit 0"), Sample_making::failed);
+  if (former.isNull())
+    qunsetenv("TMPDIR");
+  else
+    qputenv("TMPDIR", former);
+  EXPECT_THAT(prompts.shown, ElementsAre(HasSubstr("The sample could not be made: ")));
+  EXPECT_EQ(taken_at, "");
 }
 
 TEST_F(Sample_maker, SaysWhenTheToolCrashes) {
