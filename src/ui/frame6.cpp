@@ -201,8 +201,8 @@ void Frame6::add_plane(QFormLayout* form) {
   Label3_->setReadOnly(true);
   Label3_->setFrame(false);
   Label3_->setMinimumWidth(100);
-  QPalette plain = Label3_->palette();  // it is read, not filled in
-  plain.setColor(QPalette::Base, plain.color(QPalette::Window));
+  QPalette plain;
+  plain.setColor(QPalette::Base, Qt::transparent);  // it is read, not filled in
   Label3_->setPalette(plain);
   auto* picture = named(new QLabel, "label_picture");
   picture->setBuddy(Label3_);

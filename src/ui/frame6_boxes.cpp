@@ -141,6 +141,8 @@ void Frame6::state_show() {
   title_->setText(is_open() ? to_toolkit(session_.entry.boxes.frame_title)
                             : either("地図を右クリックして「新規地点」か「変更」を選ぶと、ここに入力できます。",
                                      "Right-click the map and choose \"NewPosition\" or \"Change\" to fill this in."));
+  texts_[box_soukou]->setPlaceholderText(is_open() ? either("(入力例:N15W)", "(Example: N15W)") : QString());
+  texts_[box_keisha]->setPlaceholderText(is_open() ? either("(入力例：30E)", "(Example: 30E)") : QString());
   pick_->setChecked(session_.flags.point_mode == 1);
   const auto& schemes = session_.boxes.Option4;
   const QString scheme = schemes[2] ? either("手入力", "typed in")

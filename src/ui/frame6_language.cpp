@@ -155,8 +155,6 @@ void Frame6::Language_set() {
   for (const Own_caption& row : own_captions)
     caption_set(findChild<QWidget*>(row.object), either(row.japanese, row.english));
   for (const Own_caption& row : hints) hint_set(findChild<QWidget*>(row.object), either(row.japanese, row.english));
-  texts_[observations::box_soukou]->setPlaceholderText(either("(入力例:N15W)", "(Example: N15W)"));
-  texts_[observations::box_keisha]->setPlaceholderText(either("(入力例：30E)", "(Example: 30E)"));
   for (QComboBox* combo : {Combo2_, Combo6_, Combo7_}) combo->lineEdit()->setAccessibleName(combo->accessibleName());
   mark_colour_->set_captions("Select", either("記号の色", "Colour of the mark"));
   line_colour_->set_captions(to_toolkit(core::caption_of(session_.settings, "Command8")),

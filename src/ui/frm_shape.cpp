@@ -73,7 +73,7 @@ void Frm_Shape::add_place(QFormLayout* form, bool japanese) {
   // A machine whose paths have no drives has nothing to choose here.
   if (Drive1_->count() < 2) form->setRowVisible(Drive1_, false);
 
-  Dir1_ = new Folder_box("Dir1", this);
+  Dir1_ = new Folder_box("Dir1", nullptr);
   Dir1_->set_captions(either("参照...", "Browse..."), either("保存先のフォルダ", "Folder to save to"));
   for (QWidget* box : {static_cast<QWidget*>(Dir1_), static_cast<QWidget*>(Dir1_->edit())})
     box->setAccessibleName(either("フォルダ", "Folder"));

@@ -1,6 +1,7 @@
 #include "ui/observation_model.h"
 
 #include <QColor>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
@@ -14,6 +15,7 @@
 #include "platform/numbers.h"
 #include "ui/either.h"
 #include "ui/toolkit_text.h"
+#include "ui/warning_colour.h"
 
 namespace ui {
 
@@ -215,7 +217,7 @@ QVariant Observation_model::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return alignment_of(column);
     case Qt::ForegroundRole:
-      if (is_uncorrected(touroku, column)) return QColor(0xb7, 0x1c, 0x1c);  // red as on the map
+      if (is_uncorrected(touroku, column)) return warning_colour(QGuiApplication::palette());
       return {};
     case Qt::DecorationRole:
       if (column == column_size) return swatch(colour_of(listed(touroku).record));

@@ -198,6 +198,11 @@ TEST_P(Accessibility, TheTabKeyComesToEveryControl) {
   on_each_page([&] { return support::controls_off_the_way(shown); });
 }
 
+// Within a column of boxes the Tab key goes down.
+TEST_P(Accessibility, TheTabKeyGoesDownAForm) {
+  on_each_page([&] { return support::steps_up_a_form(shown); });
+}
+
 TEST_P(Accessibility, NothingIsCutOnASmallScreen) {
   EXPECT_LE(shown->minimumSizeHint().width(), small_screen.width());
   EXPECT_LE(shown->minimumSizeHint().height(), small_screen.height());

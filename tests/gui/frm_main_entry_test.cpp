@@ -163,6 +163,17 @@ TEST_F(Frm_main_entry, ARecordIsMarkedByAPressChangedAndDeleted) {
   EXPECT_EQ(registry(), "");
 }
 
+// The next record has the number of the one that has gone: it would be deleted by the next press of the same keys.
+TEST_F(Frm_main_entry, NoRecordIsMarkedAfterADeletion) {
+  open_map();
+  for (const char* y : {"3500500", "3500600", "3500700"}) register_at("13900500", y);
+  session.highlighted = 2;
+  prompts.answers = {Answer::ok};
+  trigger("mnu_del");
+  ASSERT_EQ(session.registry.N, 2);
+  EXPECT_EQ(session.highlighted, 0);
+}
+
 TEST_F(Frm_main_entry, UndoAndRedoGoThroughAllThatWasDone) {
   open_map_with_journal();
   EXPECT_FALSE(find<QAction>("menu_undo")->isEnabled());
@@ -174,6 +185,7 @@ TEST_F(Frm_main_entry, UndoAndRedoGoThroughAllThatWasDone) {
   trigger("mnu_del");
   EXPECT_EQ(registry(), first);
   EXPECT_EQ(find<QAction>("menu_undo")->text(), "Undo: Delete observation");
+  EXPECT_EQ(find<QStatusBar>("StatusBar1")->currentMessage(), "The observation was deleted. Ctrl+Z brings it back.");
   trigger("menu_undo");
   EXPECT_EQ(registry(), second);
   EXPECT_EQ(session.registry.N, 2);

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenu>
@@ -209,6 +210,19 @@ inline QStringList controls_off_the_way(const QWidget* window) {
   for (const QWidget* widget : way) {
     const bool bare = qstrcmp(widget->metaObject()->className(), "QWidget") == 0;
     if (bare || qobject_cast<const QScrollArea*>(widget)) found.append("a stop that shows nothing: " + told_as(widget));
+  }
+  return found;
+}
+
+// Steps of the Tab key from a box of a form to one that stands above it in the same form.
+inline QStringList steps_up_a_form(const QWidget* window) {
+  QStringList found;
+  const QList<const QWidget*> way = way_of_tab(window);
+  for (qsizetype i = 1; i < way.size(); ++i) {
+    const QWidget *const from = way[i - 1], *const to = way[i];
+    const QWidget* const form = from->parentWidget();
+    if (form != to->parentWidget() || !form->layout() || !form->layout()->inherits("QFormLayout")) continue;
+    if (to->y() < from->y()) found.append("up: " + told_as(from) + " to " + told_as(to));
   }
   return found;
 }
