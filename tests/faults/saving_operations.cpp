@@ -5,6 +5,7 @@
 #include "core/language.h"
 #include "core/project_settings.h"
 #include "core/session/entry.h"
+#include "core/session/first_start.h"
 #include "core/session/shape_of_entry.h"
 #include "core/session/start_up.h"
 #include "core/session/tools.h"
@@ -579,13 +580,52 @@ Operations of_undo() {
   };
 }
 
+// ---- the first start of an installed program
+
+// The user's program folder is other/own; what is installed and a sample that was made lie beside the program.
+session::First_start first_start_of(const Fault_place& place) {
+  session::First_start start;
+  start.place = {place.path("other\\own"), place.path("templates"), place.path("helpers")};
+  start.language = place.session.settings.language;
+  start.documents = place.path("other");
+  start.make_sample = [&place](bool, const session::Take_sample& take) {
+    take(place.path("made"));
+    return session::Sample_making::made;
+  };
+  return start;
+}
+
+void put_sample(const std::string& root) {
+  std::filesystem::create_directories(root + "/other/own");
+  put_lines(root, "made/program/settei.ini", {"form", "form.xls", "project", "04", "9600"});
+  put_bytes(root, "made/program/ZUMEI.CSV", "a row of a sheet");
+  put_bytes(root, "made/program/map/533935.bmp", "PICTURE 4 3 100");
+  put_bytes(root, "made/project/chisou_men/tani.csv", "a record of the sample");
+}
+
+Operations of_first_start() {
+  return {
+      {.name = "program folder of an installed program",
+       .told = {"other/own/Language.set", "other/own/igrf10.coef", "other/own"},
+       .files = [](const std::string& root) { put_bytes(root, "templates/igrf10.coef", "the coefficients"); },
+       .press =
+           [](Fault_place& place) { session::program_folder_make(first_start_of(place), place.files, place.prompts); }},
+      {.name = "sample put in place",
+       .told = {"other/own/sample.set", "other/own/settei.ini", "other/own/ZUMEI.CSV", "other/own/map",
+                "other/own/map/533935.bmp", "other/Terranote sample", "other/Terranote sample/sample.txt",
+                "other/Terranote sample/chisou_men", "other/Terranote sample/chisou_men/tani.csv"},
+       .files = put_sample,
+       .press = [](Fault_place& place) { session::sample_offer(first_start_of(place), place.files, place.prompts); }},
+  };
+}
+
 }  // namespace
 
 const std::vector<Saving_operation>& saving_operations() {
   static const Operations all = [] {
     Operations joined;
     for (const Operations& more :
-         {of_settings(), of_registry(), of_pictures(), of_exchange(), of_instruments(), of_undo()})
+         {of_settings(), of_registry(), of_pictures(), of_exchange(), of_instruments(), of_undo(), of_first_start()})
       add(joined, more);
     return joined;
   }();

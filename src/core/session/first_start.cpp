@@ -57,8 +57,10 @@ bool never_started(Files& files, const std::string& program_path) {
          !is_there(files, join_path(program_path, "Language.set"));
 }
 
-// A name is free where nothing is, and where an earlier sample is.
+// A name is free where nothing is, where an earlier sample is, and where a folder holds no file: a making that was
+// killed may have left it.
 bool is_free(Files& files, const std::string& folder) {
+  if (files.folder_exists(folder) && files.list(folder, "*").empty()) return true;
   const std::vector<std::string> lines = platform::read_lines(files, join_path(folder, project_marker));
   if (!lines.empty() && lines.front() == marker_line) return true;
   return !files.folder_exists(folder) && !is_there(files, folder);
