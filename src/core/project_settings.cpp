@@ -25,6 +25,8 @@ constexpr Message delete_question = {"ファイルを削除すると復活はで
                                      "If yuou delete file then you can not revival this file.  Do it?"};
 constexpr Message where_registries_are = {"地点登録ファイルは,[地形図フォルダ」内の[chisou_men]の中に作成されます。",
                                           "Position File make in [chisou_men] Folder"};
+// The selected names stand in one line of settei.ini, parted by commas: the next start would take half of this one.
+constexpr Message name_with_comma = {"ファイル名に「,」は使えません。", "A comma can't stand in the name of the file."};
 
 // False, with the characters named, when a text holds some that the files' code page doesn't have.
 bool can_be_stored(const std::string& text, Prompts& prompts) {
@@ -133,8 +135,12 @@ bool Command44(const Settings& settings, Settings_boxes& boxes, Files& files, Pr
   }
   if (!can_be_stored(boxes.Text4, prompts)) return false;
   const std::string name = boxes.Text4 + ".csv";
+  if (name.find(',') != std::string::npos) {
+    prompts.message(name_with_comma);
+    return false;
+  }
   const std::string path = chisou_men(boxes.Dir4, name);
-  if (!file_make(files, boxes.Dir4, path)) {
+  if (!platform::stays_inside(name) || !file_make(files, boxes.Dir4, path)) {
     prompts.message("ファイルを作成できません: " + path, "The file can't be made: " + path);
     return false;
   }

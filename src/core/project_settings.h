@@ -75,7 +75,8 @@ bool Command11(Settings& settings, Settings_boxes& boxes, platform::Files& files
 std::string Command14(const Settings_boxes& boxes, platform::Files& files, platform::Prompts& prompts);
 
 // Makes the empty point registration file named by Text4 and refreshes File11; it is selected when no other file is. A
-// file that exists is left as it is. False when none was made.
+// file that exists is left as it is. False when none was made: with a message for a name that holds a comma, isn't that
+// of a file in \chisou_men itself, or can't be made.
 bool Command44(const Settings& settings, Settings_boxes& boxes, platform::Files& files, platform::Prompts& prompts);
 
 // Deletes the selected files of File11 after a question and refreshes it. A file that can't be deleted stays.

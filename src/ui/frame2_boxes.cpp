@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -267,6 +268,15 @@ void Frame2_dialog::closeEvent(QCloseEvent* event) {
 void Frame2_dialog::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) boxes_out();
   QDialog::showEvent(event);
+}
+
+// The dialog is dragged over the map by any place that holds no box, not by its title alone.
+void Frame2_dialog::mousePressEvent(QMouseEvent* event) {
+  held_at_ = event->position().toPoint();
+}
+
+void Frame2_dialog::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons().testFlag(Qt::LeftButton)) move(pos() + event->position().toPoint() - held_at_);
 }
 
 // Enter in the name of a new folder or file makes it; elsewhere it saves.

@@ -111,7 +111,7 @@ void Frame6::lists_show() {
   list_show(Combo1_, boxes.Combo1_list.empty() ? to_list(core::mark_shapes(language)) : to_list(boxes.Combo1_list),
             boxes.Combo1);
   list_show(Combo3_, boxes.Combo3_list.empty() ? to_list(core::mark_sizes()) : to_list(boxes.Combo3_list),
-            boxes.Combo3);
+            boxes.Combo3.empty() ? core::mark_size_default : boxes.Combo3);
   list_show(Combo7_, to_list(core::target_kinds(language)), boxes.Combo7);
   list_show(Combo6_, to_list(session_.stratum_names), boxes.Combo6);
   list_show(Combo2_, to_list(boxes.Combo2_list), boxes.Combo2);
