@@ -65,7 +65,7 @@ TEST_F(Sheet_dialog, TheOtherButtonsOfTheMouseChooseNothing) {
 TEST_F(Sheet_dialog, TheSheetUnderTheMouseIsNamed) {
   make("Japanese");
   open_dialog();
-  EXPECT_EQ(told(), "図葉をクリックすると地図を開きます。");
+  EXPECT_EQ(told(), "図葉をクリックするか、矢印キーとEnterで選ぶと地図を開きます。");
   QTest::mouseMove(grid()->viewport(), north_east);
   EXPECT_EQ(told(), "杉沢  543817");
   QTest::mouseMove(grid()->viewport(), south_west);
@@ -115,7 +115,7 @@ TEST_F(Sheet_dialog, SettingsThatCannotBeSavedAreToldInOneSentence) {
   open_dialog();
   watched.read_only = true;
   dialog->findChild<QPushButton*>("Command1")->click();
-  EXPECT_EQ(prompts.shown, std::vector<std::string>{"表示設定を保存できません。"});
+  EXPECT_EQ(prompts.shown, std::vector<std::string>{"表示設定を保存できません: " + program() + "\\chizuset.dat"});
   EXPECT_TRUE(dialog->isVisible());
 }
 

@@ -175,8 +175,9 @@ TEST_F(Index, TellsInOneSentenceThatItCantSave) {
     prompts.use_language(word);
     EXPECT_FALSE(maps::Command1(files, prompts, place.program, {}));
   }
-  EXPECT_EQ(prompts.shown,
-            (std::vector<std::string>{"表示設定を保存できません。", "The display settings can't be saved."}));
+  const std::string path = platform::join_path(place.program, "chizuset.dat");
+  EXPECT_EQ(prompts.shown, (std::vector<std::string>{"表示設定を保存できません: " + path,
+                                                     "The display settings can't be saved: " + path}));
   EXPECT_EQ(place.files.length(place.in("chizuset.dat")), 0);
 }
 

@@ -88,4 +88,47 @@ TEST_F(Redraw, ShowsTheNumberThatTheSettingsChoose) {
   EXPECT_EQ(std::count(measured.begin(), measured.end(), "007"), 0);
 }
 
+TEST_F(Redraw, WithoutASheetTheCanvasIsOnlyCleared) {
+  session.current_sheet.clear();
+  session.section = {0, 0, 100, 100};
+  session.section_known = true;
+  const auto calls = drawn();
+  ASSERT_EQ(calls.size(), 1U);
+  EXPECT_EQ(calls[0].what, "clear");
+  EXPECT_FALSE(session.section_controls.visible);
+}
+
+// The sheet is 1000 units high from the margin of 100; its first corner is the upper left one.
+TEST_F(Redraw, BringsTheSectionLineToWhereItsEndsStand) {
+  session.section = {0, session.canvas.map_y1, session.canvas.map_x1, 0};
+  session.section_known = true;
+  drawn();
+  ASSERT_TRUE(session.section_controls.visible);
+  EXPECT_NEAR(session.section_controls.x0, 100 * 7.5, 0.01);
+  EXPECT_NEAR(session.section_controls.y0, 100 * 7.5, 0.01);
+  EXPECT_NEAR(session.section_controls.y1, 1100 * 7.5, 0.01);
+  session.canvas.view_x = -300;
+  drawn();
+  EXPECT_NEAR(session.section_controls.x0, 100 * 7.5 - 300, 0.01);
+}
+
+// Another program has written the point registration file; the pictures stay as they are.
+TEST_F(Redraw, ReGamenReadsThePointsOfTheRowInTheListWithoutThePictures) {
+  const std::string point = " 1 ,13900500,3500500,,,,,,A,,●, 5 , 255 , 0 , 0 , 0 , 0 , 0 ,0,,,,, 0 ,";
+  write(project() + "/chisou_men/genchi.csv", {point, point});
+  files.remove(program() + "/map/free.bmp");
+  session.canvas.canvas_scale = 3;
+  EXPECT_EQ(session::re_gamen(session, ports), session::Redraw::all);
+  EXPECT_EQ(session.registry.N, 2);
+  EXPECT_EQ(session.current_sheet, "free");
+  EXPECT_EQ(session.canvas.canvas_scale, 3);
+  EXPECT_FALSE(session.mosaic.picture[0].empty());
+}
+
+TEST_F(Redraw, ReGamenWithoutARowLeavesTheSheetThatIsDrawn) {
+  session.sheets.selected = -1;
+  session::re_gamen(session, ports);
+  EXPECT_EQ(session.current_sheet, "free");
+}
+
 }  // namespace

@@ -105,7 +105,8 @@ void sample_settings(const std::string& sample_program, const std::string& progr
   core::Settings settings;
   settings.program_path = sample_program;
   core::Settings_boxes boxes = core::settei_defaults(settings);
-  core::settei_r(settings, boxes, files, prompts);
+  const std::string path = join_path(sample_program, settings_name);
+  if (!core::settei_r(settings, boxes, files, prompts)) throw File_failure(path + " could not be read");
   boxes.Dir3 = program_path;
   boxes.Dir4 = project;
   boxes.Dir10 = files.native_path(join_path(program_path, "map"));
