@@ -174,7 +174,7 @@ void empty_log(const Link_ports& ports) {
   ports.files.write_whole(path, "");
 }
 
-// A record by its number and time, which the table has as the log has them.
+// A record by its number and time, which no declination changes.
 std::string key_of(const std::string& record) {
   using observations::column_of;
   return std::string(column_of(record, 1)) + "," + std::string(column_of(record, 8));
@@ -182,12 +182,13 @@ std::string key_of(const std::string& record) {
 
 // Whether a log holds what no table was made of. The answer may be in its file without a table: a fault came between.
 bool is_unread(const std::string& log, platform::Files& files, const std::string& program_path) {
-  std::vector<std::string> table = records_of(content_of(files, join_path(program_path, table_name)));
-  std::erase_if(table, is_measurement_header);
+  const std::vector<std::string> table = lines_of(content_of(files, join_path(program_path, table_name)));
   const std::vector<std::string> logged = records_of(whole_lines(log));
-  return table.size() < logged.size() ||
-         !std::equal(logged.begin(), logged.end(), table.begin(),
-                     [](const std::string& a, const std::string& b) { return key_of(a) == key_of(b); });
+  // The table has a header, and then each record as it was turned and written.
+  const auto same_record = [](const std::string& record, const std::string& row) {
+    return key_of(text_of(platform::encode_932(converted_line(record, {})))) == key_of(row);
+  };
+  return table.size() < logged.size() + 1 || !std::equal(logged.begin(), logged.end(), table.begin() + 1, same_record);
 }
 
 Broken_download broken_log(platform::Files& files, const std::string& program_path) {

@@ -597,7 +597,9 @@ session::First_start first_start_of(const Fault_place& place) {
 
 void put_sample(const std::string& root) {
   std::filesystem::create_directories(root + "/other/own");
-  put_lines(root, "made/program/settei.ini", {"form", "form.xls", "project", "04", "9600"});
+  std::vector<std::string> settings(27, "False");
+  settings[0] = settings[2] = settings[24] = "where the sample was made";
+  put_lines(root, "made/program/settei.ini", settings);
   put_bytes(root, "made/program/ZUMEI.CSV", "a row of a sheet");
   put_bytes(root, "made/program/map/533935.bmp", "PICTURE 4 3 100");
   put_bytes(root, "made/project/chisou_men/tani.csv", "a record of the sample");
@@ -611,11 +613,12 @@ Operations of_first_start() {
        .press =
            [](Fault_place& place) { session::program_folder_make(first_start_of(place), place.files, place.prompts); }},
       {.name = "sample put in place",
-       .told = {"other/own/sample.set", "other/own/settei.ini", "other/own/ZUMEI.CSV", "other/own/map",
+       .told = {"other/own/settei.ini", "other/own/sample.set", "other/own/ZUMEI.CSV", "other/own/map",
                 "other/own/map/533935.bmp", "other/Terranote sample", "other/Terranote sample/sample.txt",
                 "other/Terranote sample/chisou_men", "other/Terranote sample/chisou_men/tani.csv"},
        .files = put_sample,
-       .press = [](Fault_place& place) { session::sample_offer(first_start_of(place), place.files, place.prompts); }},
+       .press = [](Fault_place& place) { session::sample_offer(first_start_of(place), place.files, place.prompts); },
+       .repeats = false},  // with the settings in place nothing is asked again
   };
 }
 

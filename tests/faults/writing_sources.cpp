@@ -12,7 +12,7 @@ const std::vector<Writing_source>& writing_sources() {
        6,
        {"basic settings", "new project folder", "new registration file", "registration files deleted"}},
       {"core/session/undo.cpp", 1, {"start of the program"}},
-      {"core/session/first_start.cpp", 4, {"program folder of an installed program", "sample put in place"}},
+      {"core/session/first_start.cpp", 5, {"program folder of an installed program", "sample put in place"}},
       {"core/settei.cpp", 2, {"basic settings", "settings read"}},
       {"core/settings_files.cpp",
        6,

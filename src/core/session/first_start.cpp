@@ -5,9 +5,9 @@
 
 #include "core/language.h"
 #include "core/project_folders.h"
-#include "core/settei.h"
 #include "platform/code_page_932.h"
 #include "platform/failures.h"
+#include "platform/left_over.h"
 #include "platform/text_files.h"
 
 namespace session {
@@ -57,10 +57,17 @@ bool never_started(Files& files, const std::string& program_path) {
          !is_there(files, join_path(program_path, "Language.set"));
 }
 
+// Temporary files of a save that broke off don't count.
+bool holds_nothing(Files& files, const std::string& folder) {
+  const std::vector<std::string> names = files.list(folder, "*");
+  return std::all_of(names.begin(), names.end(),
+                     [](const std::string& name) { return platform::process_of_temporary(name) != 0; });
+}
+
 // A name is free where nothing is, where an earlier sample is, and where a folder holds no file: a making that was
 // killed may have left it.
 bool is_free(Files& files, const std::string& folder) {
-  if (files.folder_exists(folder) && files.list(folder, "*").empty()) return true;
+  if (files.folder_exists(folder) && holds_nothing(files, folder)) return true;
   const std::vector<std::string> lines = platform::read_lines(files, join_path(folder, project_marker));
   if (!lines.empty() && lines.front() == marker_line) return true;
   return !files.folder_exists(folder) && !is_there(files, folder);
@@ -99,19 +106,27 @@ void tell_failed_sample(Prompts& prompts, const std::string& reason) {
   prompts.message("サンプルを入れられませんでした: " + reason, "The sample could not be put in place: " + reason);
 }
 
-// The sample's own settings with the folders where it lies now.
-void sample_settings(const std::string& sample_program, const std::string& program_path, const std::string& project,
-                     Files& files, Prompts& prompts) {
-  core::Settings settings;
-  settings.program_path = sample_program;
-  core::Settings_boxes boxes = core::settei_defaults(settings);
-  const std::string path = join_path(sample_program, settings_name);
-  if (!core::settei_r(settings, boxes, files, prompts)) throw File_failure(path + " could not be read");
-  boxes.Dir3 = program_path;
-  boxes.Dir4 = project;
-  boxes.Dir10 = files.native_path(join_path(program_path, "map"));
-  settings.program_path = program_path;
-  core::settei_w(settings, boxes, files);
+// Lines of settei.ini that name folders; the other lines stay as the sample's maker wrote them.
+constexpr std::size_t frame_folder_line = 1, project_line = 3, map_line = 25;
+
+// The sample's own settings with the folders where it lies now. Nothing is written of settings that can't be read.
+void sample_settings(const std::string& from_program, const std::string& program_path, const std::string& project,
+                     Files& files) {
+  const std::string from = join_path(from_program, settings_name);
+  const std::vector<platform::Text_line> lines = platform::text_lines_of(files.read_bytes(from));
+  if (lines.size() < map_line) throw File_failure(from + " holds no whole settings");
+  platform::Line_writer writer;
+  for (std::size_t number = 1; number <= lines.size(); ++number) {
+    if (number == frame_folder_line)
+      writer.line(program_path);
+    else if (number == project_line)
+      writer.line(project);
+    else if (number == map_line)
+      writer.line(files.native_path(join_path(program_path, "map")));
+    else
+      writer.line(lines[number - 1].text);
+  }
+  files.write_whole(join_path(program_path, settings_name), writer.bytes());
 }
 
 }  // namespace
@@ -156,9 +171,9 @@ void sample_offer(const First_start& start, Files& files, Prompts& prompts) {
   try {
     Sample_making making = Sample_making::stopped;
     if (asked_for(prompts, project))
-      making = start.make_sample(
-          core::is_japanese(core::language_r(files, program_path)),
-          [&](const std::string& folder) { sample_place(folder, program_path, project, files, prompts); });
+      making =
+          start.make_sample(core::is_japanese(core::language_r(files, program_path)),
+                            [&](const std::string& folder) { sample_place(folder, program_path, project, files); });
     if (making == Sample_making::made) remember_answer(files, program_path, "Yes", project);
     if (making == Sample_making::stopped) remember_answer(files, program_path, "No");
   } catch (const File_failure& failure) {
@@ -166,8 +181,8 @@ void sample_offer(const First_start& start, Files& files, Prompts& prompts) {
   }
 }
 
-void sample_place(const std::string& folder, const std::string& program_path, const std::string& project, Files& files,
-                  Prompts& prompts) {
+void sample_place(const std::string& folder, const std::string& program_path, const std::string& project,
+                  Files& files) {
   const std::string from_program = join_path(folder, "program"), from_project = join_path(folder, "project");
   // Its maker writes the settings last.
   if (files.length(join_path(from_program, settings_name)) == 0) throw File_failure(folder + " holds no whole sample");
@@ -184,7 +199,7 @@ void sample_place(const std::string& folder, const std::string& program_path, co
     copy_missing(files, join_path(from_program, part), join_path(program_path, part));
   copy_missing(files, from_program, program_path, {settings_name, "Language.set"});
   if (files.length(join_path(program_path, settings_name)) == 0)
-    sample_settings(from_program, program_path, project, files, prompts);
+    sample_settings(from_program, program_path, project, files);
 }
 
 std::string first_start(const First_start& start, Files& files, Prompts& prompts) {

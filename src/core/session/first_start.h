@@ -47,6 +47,6 @@ void sample_offer(const First_start& start, platform::Files& files, platform::Pr
 // Puts the sample of `folder` in place: its tables and maps into the program folder, its project into `project`, each
 // file only where there is none, and settei.ini, which names both, last of all. File_failure leaves out what follows.
 void sample_place(const std::string& folder, const std::string& program_path, const std::string& project,
-                  platform::Files& files, platform::Prompts& prompts);
+                  platform::Files& files);
 
 }  // namespace session
