@@ -465,7 +465,11 @@ const std::vector<Day> days{{18, "new record", day_new_record},
 }  // namespace
 
 void plan_day(Run& run) {
-  // Nothing can be entered without a sheet or a registration file.
+  // Nothing can be entered without a registration file and a sheet.
+  if (run.session->sheets.List1.empty() || (run.session->settings.registry_count != 1 && run.random.one_in(3))) {
+    count(run.log, "days", "settings back, since nothing can be entered");
+    return day_settings_back(run);
+  }
   if (!run.session->sheet_shown()) open_sheet(run);
   int total = 0;
   for (const Day& day : days) total += day.weight;

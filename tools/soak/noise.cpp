@@ -205,8 +205,12 @@ void answer_file_dialog(Run& run, QFileDialog* dialog) {
   if (run.random.one_in(4)) return key(run, dialog, Qt::Key_Escape);
   const std::string root = run.place.root.string();
   const bool folder = dialog->fileMode() == QFileDialog::Directory;
-  const std::vector<std::string> names{"a", "記録", "b.csv", "net.png", "net.jpg", "net.bmp", "log.NME", "x y"};
-  const std::string path = folder ? text_for(run.random, Box::folder, root) : root + "/out/" + run.random.of(names);
+  const std::vector<std::string> names{"a", "記録", "x y", "net", "long.name"}, pictures{".png", ".jpg", ".bmp", ""};
+  // A file gets the ending of its kind, so that it can be read back as what it is.
+  const std::string suffix = ui::from_toolkit(dialog->defaultSuffix());
+  const std::string ending = suffix == "png" ? run.random.of(pictures) : "." + suffix;
+  const std::string path =
+      folder ? text_for(run.random, Box::folder, root) : root + "/out/" + run.random.of(names) + ending;
   auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
   if (!name || path.rfind(root, 0) != 0) return key(run, dialog, Qt::Key_Escape);
   const QPointer<QFileDialog> kept = dialog;

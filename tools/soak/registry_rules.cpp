@@ -14,7 +14,7 @@ namespace soak {
 namespace {
 
 constexpr std::string_view line_end = "\r\n";
-constexpr int fixed_columns = 24, count_column = 24, added_commas = 8;
+constexpr int fixed_columns = 24, count_column = 24, size_column = 12, added_commas = 8;
 constexpr std::size_t most_slips = 3;  // of one file; more of the same tell nothing
 
 // The lines without their ends; what stands behind the last end is a line too.
@@ -32,11 +32,17 @@ std::string numbered(std::size_t index, const std::string& what) {
   return "line " + std::to_string(index + 1) + " " + what;
 }
 
-// A line or enclosure stands at its first vertex once it is read, whatever columns 2 and 3 say.
-std::string as_compared(const observations::Record& record, std::string line) {
-  if (record.mark != "線" && record.mark != "Line" && record.mark != "囲み") return line;
-  const std::size_t first = line.find(','), third = line.find(',', line.find(',', first + 1) + 1);
-  return line.erase(first, third - first);
+// A line in its columns, without what reading changes as documented: a size of 0 is one of 2, and a line or enclosure
+// stands at its first vertex, whatever columns 2 and 3 say.
+std::vector<std::string> as_compared(const observations::Record& record, std::string_view line) {
+  std::vector<std::string> columns;
+  for (std::size_t comma = line.find(','); comma != std::string_view::npos; comma = line.find(',')) {
+    columns.emplace_back(line.substr(0, comma));
+    line.remove_prefix(comma + 1);
+  }
+  if (columns[size_column - 1] == " 0 ") columns[size_column - 1] = " 2 ";
+  if (record.mark == "線" || record.mark == "Line" || record.mark == "囲み") columns[1] = columns[2] = "";
+  return columns;
 }
 
 // Empty when the line is whole.

@@ -17,6 +17,14 @@ TEST(Registry_rules, TakesThePointsAndLinesThatTheProgramWrites) {
   EXPECT_THAT(soak::registry_slips(""), IsEmpty());
 }
 
+TEST(Registry_rules, TakesWhatReadingChangesAsDocumented) {
+  std::string no_size = point;
+  no_size.replace(no_size.find(", 2 ,"), 5, ", 0 ,");
+  EXPECT_THAT(soak::registry_slips(no_size), IsEmpty());
+  // A line's own position gives way to its first vertex; a point's doesn't change.
+  EXPECT_THAT(soak::registry_slips(line), IsEmpty());
+}
+
 TEST(Registry_rules, TakesTheShortLineThatIsAddedToAnotherSurface) {
   EXPECT_THAT(soak::registry_slips("1,10.0,20.0,,,,N15W,30E,7\r\n"), IsEmpty());
 }
