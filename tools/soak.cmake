@@ -15,7 +15,7 @@ if(UNIX)
   if(TERRANOTE_TESTS)
     find_package(GTest REQUIRED)
     add_executable(soak_rules_test soak/tests/file_book_test.cpp soak/tests/memory_curve_test.cpp
-                   soak/tests/registry_rules_test.cpp)
+                   soak/tests/registry_rules_test.cpp soak/tests/watchdog_test.cpp)
     target_link_libraries(soak_rules_test PRIVATE terranote_test_support terranote_soak GTest::gmock_main)
     add_test(NAME soak_rules COMMAND soak_rules_test)
     set_tests_properties(soak_rules PROPERTIES TIMEOUT 300)

@@ -22,14 +22,19 @@ void put(const fs::path& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// settei.ini holds whole paths: what lay below the sample now lies below the root.
+// settei.ini holds whole paths: what lay below the sample now lies below the root. Line 2, the template of input
+// sheets, is empty in the sample.
 void mend_settings(const fs::path& root, const std::string& sample) {
   const fs::path path = root / "program/settei.ini";
   std::string bytes = bytes_of(path);
-  for (std::string former : {sample, QDir::toNativeSeparators(QString::fromStdString(sample)).toStdString()})
+  for (const std::string& former : {sample, QDir::toNativeSeparators(QString::fromStdString(sample)).toStdString()})
     for (std::size_t at = bytes.find(former); at != std::string::npos;
          at = bytes.find(former, at + root.string().size()))
       bytes.replace(at, former.size(), root.string());
+  const std::string no_template = "/program\r\n\r\n";
+  if (const std::size_t at = bytes.find(no_template); at != std::string::npos)
+    bytes.replace(at, no_template.size(), "/program\r\nframe.xls\r\n");
+  put(root / "program/frame.xls", "a workbook");
   put(path, bytes);
 }
 

@@ -54,7 +54,8 @@ bool Fenced_files::is_journal(const std::string& path) {
 void Fenced_files::judge_registry(const std::string& path, std::string_view before, std::string_view after) {
   const bool known = book_.contents.contains(platform::stamp_of(after).hash);
   const Registry_change change = registry_change(before, after);
-  const std::string told = path + " -" + std::to_string(change.gone) + " +" + std::to_string(change.come);
+  std::string told = path;
+  told += " -" + std::to_string(change.gone) + " +" + std::to_string(change.come);
   if (known && before != after) {
     count(log_, "registry writes", "an earlier content again");
   } else if (change.gone > change.come) {

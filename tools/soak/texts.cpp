@@ -54,7 +54,7 @@ std::string folder(Random& random, const std::string& root) {
 }  // namespace
 
 std::string strike(Random& random) {
-  const std::string degrees = std::to_string(random.below(95));
+  std::string degrees = std::to_string(random.below(95));
   switch (random.below(8)) {
     case 0:
       return "NS";

@@ -43,7 +43,6 @@ void log_crashes(Run_log& log) {
   log_end = fileno(log.file);
   void* frame[1];
   backtrace(frame, 1);  // loads what it needs before it is needed
-  std::signal(SIGUSR1, write_stack);
   std::signal(SIGABRT, write_crash);
 #if !defined(__SANITIZE_ADDRESS__)
   for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) std::signal(signal, write_crash);
@@ -61,6 +60,7 @@ void watch(Watchdog& dog) {
   beat(dog);
 #ifdef SOAK_HAS_STACKS
   const pthread_t watched = pthread_self();
+  std::signal(SIGUSR1, write_stack);
 #endif
   dog.thread = std::thread([=, &dog] {
     bool told = false;
