@@ -1,10 +1,13 @@
 #include "soak/driver.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QListView>
 #include <QThread>
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 #include "core/session/start_up.h"
 #include "platform/journal.h"
@@ -69,17 +72,34 @@ long registry_records(const Run& run) {
 
 void look_at_everything(Run& run) {
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  run.dog.away = true;
+  if (run.last_look) run.book.looked_at.clear();  // the last look takes in all
   const int read = book_check(run.book, run.log);
   const int files = project_check(run.place, run.book, run.log);
   count(run.log, "checks", "looks at the project");
   count(run.log, "checks", "files read back", files);
+  beat(run.dog);
+  run.dog.away = false;
   const double memory = resident_mebibytes();
   run.most_memory = std::max(run.most_memory, memory);
   const int widgets = static_cast<int>(QApplication::allWidgets().size());
-  if (!run.last_look) run.memory.push_back({seconds_since_start(run.log) / 60, memory, widgets, run.starts});
-  log_line(run.log, "at rest: " + std::to_string(memory) + " MiB, " + std::to_string(widgets) + " widgets, " +
-                        std::to_string(registry_records(run)) + " records, " + std::to_string(files) + " files, " +
-                        std::to_string(read) + " compared");
+  // With other sheets in the list, or none, the memory compares with no other.
+  if (run.sheet_at_rest.empty()) run.sheet_at_rest = run.session->current_sheet;
+  if (!run.last_look && run.session->current_sheet == run.sheet_at_rest)
+    run.memory.push_back({seconds_since_start(run.log) / 60, memory, widgets, run.starts});
+  log_line(run.log, "at rest: " + std::to_string(memory) + " MiB, " + std::to_string(widgets) + " widgets, sheet " +
+                        run.session->current_sheet + ", " + std::to_string(registry_records(run)) + " records, " +
+                        std::to_string(files) + " files, " + std::to_string(read) + " compared");
+}
+
+// The same sheet, at the size in which it comes up, in a window of one size.
+void open_first_sheet(Run& run) {
+  auto* const list = run.window->findChild<QListView*>("List2");
+  if (auto* filter = run.window->findChild<QLineEdit*>("list_filter")) filter->clear();
+  if (!list || list->model()->rowCount() == 0) return;
+  const QModelIndex row = list->model()->index(0, 1);
+  list->scrollTo(row);
+  press(run, list->viewport(), list->visualRect(row).center());
 }
 
 // What is open is closed, and the same sheet is shown in the same way, so that one look compares with another.
@@ -103,10 +123,9 @@ void come_to_rest(Run& run) {
     if (QWidget* gps = usable_named(run.window, "gps_tool")) return press(run, gps, gps->rect().center());
   run.window->setWindowState(Qt::WindowNoState);
   run.window->resize(1280, 800);
-  if (run.session->sheet_shown()) key(run, run.window, QKeySequence("Ctrl+0"));
-  if (!is_at_rest(run)) return;
+  if (!std::exchange(run.sheet_asked, true)) return open_first_sheet(run);
   look_at_everything(run);
-  run.resting = false;
+  run.resting = run.sheet_asked = false;
   run.coming_to_rest = 0;
   run.next_check = run.log.step + run.choices.check_every;
   if (run.last_look || is_over(run)) {
@@ -199,6 +218,7 @@ void run_program(Run& run) {
   run.plan.clear();
   run.busy_level = 0;
   run.resting = run.last_look;
+  run.sheet_asked = false;
   run.coming_to_rest = 0;
   ++run.starts;
   count(run.log, "checks", "starts of the program");

@@ -23,8 +23,9 @@ struct File_book {
   std::filesystem::path root;   // canonical
   std::filesystem::path state;  // the journals' folder: checked by their own reader
   std::map<std::filesystem::path, Noted_file> files;
-  std::set<std::array<std::uint64_t, 2>> contents;  // that any file had at any time
-  std::set<std::array<std::uint64_t, 2>> removed;   // that a removed file had
+  std::set<std::array<std::uint64_t, 2>> contents;                             // that any file had at any time
+  std::set<std::array<std::uint64_t, 2>> removed;                              // that a removed file had
+  std::map<std::filesystem::path, std::filesystem::file_time_type> looked_at;  // by project_check
 };
 
 // Notes every file that lies there.

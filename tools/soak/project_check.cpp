@@ -4,6 +4,7 @@
 #include <QImageReader>
 
 #include <algorithm>
+#include <utility>
 
 #include "core/language.h"
 #include "core/settei.h"
@@ -116,10 +117,18 @@ void check_journal(const fs::path& path, Run_log& log) {
   if (path.filename().string().starts_with(".terranote-")) fault(log, "a temporary file was left: " + path.string());
 }
 
-int check_journals(const Place& place, Run_log& log) {
+// Whether a file has changed since the last look.
+bool is_news(File_book& book, const fs::path& path) {
+  std::error_code none;
+  const fs::file_time_type time = fs::last_write_time(path, none);
+  const auto [looked, first] = book.looked_at.try_emplace(path, time);
+  return first || std::exchange(looked->second, time) != time;
+}
+
+int check_journals(const Place& place, File_book& book, Run_log& log) {
   int files = 0;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(place.state())) {
-    if (!entry.is_regular_file()) continue;
+    if (!entry.is_regular_file() || !is_news(book, entry.path())) continue;
     check_journal(entry.path(), log);
     ++files;
   }
@@ -128,10 +137,11 @@ int check_journals(const Place& place, Run_log& log) {
 
 }  // namespace
 
-int project_check(const Place& place, const File_book& book, Run_log& log) {
+int project_check(const Place& place, File_book& book, Run_log& log) {
   check_settings(place, log);
   int files = 1;
   for (const auto& [path, noted] : book.files) {
+    if (!is_news(book, path)) continue;
     if (path.parent_path().filename() == "chisou_men" && ending_of(path) == ".csv")
       check_registry(path, log);
     else if (noted.written)
@@ -140,7 +150,7 @@ int project_check(const Place& place, const File_book& book, Run_log& log) {
       continue;
     ++files;
   }
-  return files + check_journals(place, log);
+  return files + check_journals(place, book, log);
 }
 
 }  // namespace soak

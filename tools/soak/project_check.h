@@ -7,7 +7,8 @@
 
 namespace soak {
 
-// Faults go into the log. The number of files that were looked at.
-int project_check(const Place& place, const File_book& book, Run_log& log);
+// Faults go into the log. Files whose time is what it was at the last look aren't read again. The number of files that
+// were read.
+int project_check(const Place& place, File_book& book, Run_log& log);
 
 }  // namespace soak

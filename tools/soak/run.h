@@ -41,9 +41,9 @@ struct Run_choices {
   double minutes = 0;  // 0: no limit
   long check_every = 500;
   double longest_block = 10;  // seconds
-  // What the fitted lines may rise over the last three quarters of the run. At rest the same window shows the same kind
-  // of sheet, so that memory swings by some MiB with the sheet and the records; a leak of one KiB at each step would be
-  // 24 MiB after the 25,000 steps of 15 minutes. Widgets at rest are those of the windows that are made once.
+  // What the fitted lines may rise over the last three quarters of the run. At rest the same window shows the same
+  // sheet, so that memory swings by some MiB with the records and the holes in the heap; a leak of one KiB at each step
+  // would be 24 MiB after the 25,000 steps of 15 minutes. Widgets at rest are those of the windows that are made once.
   double allowed_growth = 24;  // MiB; 0: not judged
   double allowed_widgets = 60;
 };
@@ -70,8 +70,10 @@ struct Run {
   std::deque<Task> plan;
   std::vector<QPointer<QWidget>> windows_seen;  // that were open at the last step
   long next_check = 0;
-  int busy_level = 0;      // of the event loop in which a step is under way
-  int coming_to_rest = 0;  // steps so far that closed what was open
+  int busy_level = 0;        // of the event loop in which a step is under way
+  int coming_to_rest = 0;    // steps so far that closed what was open
+  bool sheet_asked = false;  // at rest: the sheet with which memory is compared was opened
+  std::string sheet_at_rest;
   bool resting = false;    // a check is due
   bool last_look = false;  // this start of the program is only looked at
   bool ended = false;

@@ -66,6 +66,7 @@ void watch(Watchdog& dog) {
     bool told = false;
     while (!dog.stop) {
       std::this_thread::sleep_for(look_every);
+      if (dog.away) continue;
       const double quiet = seconds_since_start(dog.log) - dog.beat;
       if (quiet > dog.worst) dog.worst = quiet;
       if (quiet < dog.longest) told = false;

@@ -11,10 +11,11 @@ namespace soak {
 
 struct Watchdog {
   Run_log& log;
-  double longest = 10;            // seconds without a beat
-  std::atomic<double> beat = 0;   // when the program last took an event, in seconds since the start
-  std::atomic<int> blocks = 0;    // how often it didn't for longer
-  std::atomic<double> worst = 0;  // seconds
+  double longest = 10;             // seconds without a beat
+  std::atomic<double> beat = 0;    // when the program last took an event, in seconds since the start
+  std::atomic<int> blocks = 0;     // how often it didn't for longer
+  std::atomic<double> worst = 0;   // seconds
+  std::atomic<bool> away = false;  // what is done now is no work of the program
   std::atomic<bool> stop = false;
   std::thread thread{};
 };
