@@ -28,6 +28,7 @@ done
 echo "$(($(stat -c %s "$log") / 1000000)) MB, 1,000,000 sentences, $ours from both"
 echo "gpsbabel  $((theirs_time / 100)) ms"
 echo "read      $((ours_time / 100)) ms, $(awk "BEGIN { printf \"%.1f\", $theirs_time / $ours_time }") times as fast"
+told '1,000,000 NMEA sentences read, beside gpsbabel' "$(quotient "$theirs_time" "$ours_time")" 1
 if [ -x /usr/bin/time ]; then
   echo "peak memory: gpsbabel $(/usr/bin/time -f %M gpsbabel -t -i nmea -f "$log" 2>&1 > /dev/null | tail -1) kB," \
     "read $(/usr/bin/time -f %M "$program" read "$log" 2>&1 > /dev/null | tail -1) kB"

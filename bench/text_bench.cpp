@@ -102,7 +102,7 @@ BENCHMARK(format_number);
 }  // namespace
 
 // "make <file> <megabytes>" writes a registry to be read; "read <file> <file>" decodes the one into the other, as
-// `iconv -f CP932 -t UTF-8` does. text_reading.sh runs both side by side.
+// `iconv -f CP932 -t UTF-8` does. text_peers.sh runs both side by side.
 int main(int argc, char** argv) {
   const std::string action = argc > 2 ? argv[1] : "";
   platform::Disk_files files;

@@ -1,5 +1,6 @@
 #include "core/language.h"
 
+#include "core/save_messages.h"
 #include "platform/failures.h"
 #include "platform/text_files.h"
 
@@ -158,9 +159,9 @@ std::vector<Caption_set> menu_language(Settings& settings, const std::string& la
                                        Prompts& prompts) {
   try {
     language_w(files, settings.program_path, language);
-  } catch (const platform::File_failure&) {
-    const std::string path = language_path(settings.program_path);
-    prompts.message("言語の設定を保存できません: " + path, "The language can't be saved: " + path);
+  } catch (const platform::File_failure& failure) {
+    file_failed(prompts, {"言語の設定を保存できません: ", "The language can't be saved: "},
+                language_path(settings.program_path), failure);
   }
   return Language_set(settings, files, prompts);
 }

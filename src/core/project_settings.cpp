@@ -25,6 +25,8 @@ constexpr Message delete_question = {"ファイルを削除すると復活はで
                                      "If yuou delete file then you can not revival this file.  Do it?"};
 constexpr Message where_registries_are = {"地点登録ファイルは,[地形図フォルダ」内の[chisou_men]の中に作成されます。",
                                           "Position File make in [chisou_men] Folder"};
+// The selected names stand in one line of settei.ini, parted by commas: the next start would take half of this one.
+constexpr Message name_with_comma = {"ファイル名に「,」は使えません。", "A comma can't stand in the name of the file."};
 
 // False, with the characters named, when a text holds some that the files' code page doesn't have.
 bool can_be_stored(const std::string& text, Prompts& prompts) {
@@ -35,16 +37,19 @@ void folder_failed(const std::string& path, Prompts& prompts) {
   prompts.message("フォルダを作成できません: " + path, "The folder can't be made: " + path);
 }
 
-// Makes an empty file in \chisou_men, which is made with it; one that exists stays as it is.
-bool file_make(Files& files, const std::string& project, const std::string& path) {
-  if (project.empty()) return false;
-  files.make_folder(chisou_men(project));
+// Makes an empty file in \chisou_men, which is made with it; one that exists stays as it is. False with a message.
+bool file_make(Files& files, Prompts& prompts, const std::string& project, const std::string& name) {
+  const std::string path = chisou_men(project, name);
   try {
+    if (project.empty()) throw platform::File_failure("there is no project folder");
+    if (!platform::stays_inside(name)) throw platform::File_failure("the name leaves the folder");
+    files.make_folder(chisou_men(project));
     if (files.length(path) == 0) files.write_whole(path, "");
-  } catch (const platform::File_failure&) {
-    return false;  // the caller tells the user
+    return true;
+  } catch (const platform::File_failure& failure) {
+    file_failed(prompts, {"ファイルを作成できません: ", "The file can't be made: "}, path, failure);
+    return false;
   }
-  return true;
 }
 
 std::string sheet_folder_of(const Settings& settings, int index) {
@@ -92,9 +97,9 @@ bool Command10(Settings& settings, Settings_boxes& boxes, Files& files, Prompts&
   }
   try {
     settei_w(settings, saved, files);
-  } catch (const platform::File_failure&) {
-    const std::string path = settei_path(settings);
-    prompts.message("基本設定を保存できません: " + path, "The basic settings can't be saved: " + path);
+  } catch (const platform::File_failure& failure) {
+    file_failed(prompts, {"基本設定を保存できません: ", "The basic settings can't be saved: "}, settei_path(settings),
+                failure);
     return false;
   }
   saved.Label11 = saved.Dir4;
@@ -133,11 +138,11 @@ bool Command44(const Settings& settings, Settings_boxes& boxes, Files& files, Pr
   }
   if (!can_be_stored(boxes.Text4, prompts)) return false;
   const std::string name = boxes.Text4 + ".csv";
-  const std::string path = chisou_men(boxes.Dir4, name);
-  if (!file_make(files, boxes.Dir4, path)) {
-    prompts.message("ファイルを作成できません: " + path, "The file can't be made: " + path);
+  if (name.find(',') != std::string::npos) {
+    prompts.message(name_with_comma);
     return false;
   }
+  if (!file_make(files, prompts, boxes.Dir4, name)) return false;
   const bool none = selected_registries(boxes).empty();
   File11_refresh(boxes, files);
   for (File_choice& file : boxes.File11)

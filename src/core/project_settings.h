@@ -1,8 +1,9 @@
 // The state of a project that the whole program reads, and the basic settings that it is set from.
 //
-// Two folders hold everything: the program folder (the executable's own, the same for every project) and the project
-// folder, whose subfolder \chisou_men holds the project's data. A settings file is a fixed sequence of lines in code
-// page 932; the meaning of a line is its position. The basic settings' own file is settei.ini: see settei.h.
+// Two folders hold everything: the program folder, the same for every project (platform/user_folders.h tells where it
+// is), and the project folder, whose subfolder \chisou_men holds the project's data. A settings file is a fixed
+// sequence of lines in code page 932; the meaning of a line is its position. The basic settings' own file is
+// settei.ini: see settei.h.
 #pragma once
 
 #include <array>
@@ -75,7 +76,8 @@ bool Command11(Settings& settings, Settings_boxes& boxes, platform::Files& files
 std::string Command14(const Settings_boxes& boxes, platform::Files& files, platform::Prompts& prompts);
 
 // Makes the empty point registration file named by Text4 and refreshes File11; it is selected when no other file is. A
-// file that exists is left as it is. False when none was made.
+// file that exists is left as it is. False when none was made: with a message for a name that holds a comma, isn't that
+// of a file in \chisou_men itself, or can't be made.
 bool Command44(const Settings& settings, Settings_boxes& boxes, platform::Files& files, platform::Prompts& prompts);
 
 // Deletes the selected files of File11 after a question and refreshes it. A file that can't be deleted stays.

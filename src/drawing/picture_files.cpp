@@ -184,11 +184,16 @@ bool is_file_name(std::string_view text) {
 std::string image_path(const Image_save_boxes& boxes) {
   const std::string ending = ending_of(boxes);
   const std::string name = bare_name(boxes.Text16, ending);
-  return is_file_name(name) ? platform::join_path(boxes.Dir2, name + ending) : std::string{};
+  const bool complete = is_file_name(name) && !platform::trim_text(boxes.Dir2).empty();
+  return complete ? platform::join_path(boxes.Dir2, name + ending) : std::string{};
 }
 
 bool Command29(platform::Files& files, platform::Pictures& pictures, platform::Prompts& prompts, const Picture& canvas,
                const Image_save_boxes& boxes) {
+  if (platform::trim_text(boxes.Dir2).empty()) {
+    prompts.message({"保存先のフォルダを選んでください。", "Choose the folder to save to."});
+    return false;
+  }
   const std::string chosen = image_path(boxes);
   if (chosen.empty()) {
     prompts.message({"ファイル名に使えない名前です。", "This name can't be used as a file name."});

@@ -44,12 +44,12 @@ struct Image_save_boxes {
   bool Option3 = false;  // png
 };
 
-// The file that Command29 makes; empty for a name that can't be a file's.
+// The file that Command29 makes; empty for a name that can't be a file's and without a folder.
 std::string image_path(const Image_save_boxes& boxes);
 
 // Saves the canvas. It is always first written as \bmp.bmp of the folder: with "bmp" that file then takes the chosen
 // name, with the other formats the chosen file is made from it and it stays. False with one message, the frame staying
-// open, for a name that can't be a file's and a file that can't be written.
+// open, without a folder, for a name that can't be a file's and a file that can't be written.
 bool Command29(platform::Files& files, platform::Pictures& pictures, platform::Prompts& prompts,
                const platform::Picture& canvas, const Image_save_boxes& boxes);
 

@@ -42,10 +42,7 @@ Mesh_record mesh_of(double latitude, double longitude) {
   }
   const double y = latitude * 120 - m1 * 80 - m3 * 10 - m5;
   const double x = (longitude - (m2 + 100)) * 80 - m4 * 10 - m6;
-  check_digit(m3, 7, "緯度の2次メッシュコードが0-7の範囲にありません。 ");
-  check_digit(m4, 7, "経度の2次メッシュコードが0-7の範囲にありません。 ");
-  check_digit(m5, 9, "緯度の3次メッシュコードが0-9の範囲にありません。 ");
-  check_digit(m6, 9, "経度の3次メッシュコードが0-9の範囲にありません。 ");
+  check_mesh_digits(m3, m4, m5, m6);
   Mesh_record mesh;
   mesh.first = whole(m1 * 100 + m2);
   mesh.second = whole(m3 * 10 + m4);
@@ -69,6 +66,13 @@ int step_north(const Mesh_record& mesh) {
 }
 
 }  // namespace
+
+void check_mesh_digits(double m3, double m4, double m5, double m6) {
+  check_digit(m3, 7, "緯度の2次メッシュコードが0-7の範囲にありません。 ");
+  check_digit(m4, 7, "経度の2次メッシュコードが0-7の範囲にありません。 ");
+  check_digit(m5, 9, "緯度の3次メッシュコードが0-9の範囲にありません。 ");
+  check_digit(m6, 9, "経度の3次メッシュコードが0-9の範囲にありません。 ");
+}
 
 Mesh_record LatLon2MeshCode(double latitude, double longitude) {
   Mesh_record mesh = mesh_of(latitude, longitude);

@@ -24,6 +24,11 @@ struct Mesh_record {
 // border onto it. Far outside any map a digit can leave its range: Type_failure naming "LatLon2MeshCode" and the value.
 Mesh_record LatLon2MeshCode(double latitude, double longitude);
 
+// Its checks, in their order: m3 and m4, the second-level digits, from 0 to 7, m5 and m6, the third-level ones, from 0
+// to
+// 9. Those of m5 and m6 guard the carry above them: no position in degrees brings them out of range.
+void check_mesh_digits(double m3, double m4, double m5, double m6);
+
 struct Neighbours {
   int east = 0, north = 0, north_east = 0;  // 8-digit codes
 };

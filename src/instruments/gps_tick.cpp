@@ -13,6 +13,8 @@ namespace {
 
 constexpr double seconds_per_degree = 3600;
 constexpr double units_per_degree = 100'000;
+constexpr const char* fix_label = "GPS:補足";
+constexpr const char* search_label = "GPS:検索中";
 // Below this henkan_px takes a coordinate for metres.
 constexpr double geographic_from = 1'000'000;
 
@@ -34,6 +36,12 @@ Gps_light light_of(Gps& gps, bool is_open, const platform::Date_time& now) {
   if (gps.has_position && !gps.searches) return gps.is_doubtful ? Gps_light::doubtful : Gps_light::fix;
   if (!gps.has_bytes || age_of(gps.last_bytes, now) > lost_after) return Gps_light::open;
   return gps.searches ? Gps_light::no_fix : Gps_light::bytes;
+}
+
+// A position that is lost, or whose receiver is gone, is none any more: the text must not say so beside the light.
+void take_back_fix(Gps& gps) {
+  const bool is_past = gps.light == Gps_light::closed || gps.light == Gps_light::lost;
+  if (is_past && gps.Label7 == fix_label) gps.Label7 = search_label;
 }
 
 // Tries a port that is not open again, not at every tick.
@@ -64,7 +72,7 @@ Gps_step used(Gps& gps, std::string_view gga, const platform::Date_time& now) {
   Nmea nmea;
   nmea_split(gga, nmea);
   gps.searches = nmea.field(3).empty();
-  gps.Label7 = gps.searches ? "GPS:検索中" : "GPS:補足";
+  gps.Label7 = gps.searches ? search_label : fix_label;
   if (gps.searches) return {};
   gps.longitude = longitude_seconds(nmea.field(5)) / seconds_per_degree;
   gps.latitude = latitude_seconds(nmea.field(3)) / seconds_per_degree;
@@ -134,6 +142,7 @@ Gps_step Timer2(Gps& gps, const core::Interaction& flags, platform::Serial_port&
   if (has_rmc) gps.b.clear();
   bound_buffer(gps.b);
   gps.light = light_of(gps, port.is_open(), now);
+  take_back_fix(gps);
   return step;
 }
 

@@ -65,7 +65,8 @@ void gps_start(Gps& gps, core::Interaction& flags, platform::Serial_port& port, 
 void gps_stop(Gps& gps, core::Interaction& flags, platform::Serial_port& port);
 
 // The tick. Reads all that the port has. A GGA that a GSA follows is used, the first one of the buffer; an RMC empties
-// the buffer. A receiver that was pulled is opened again when it is back.
+// the buffer. A receiver that was pulled is opened again when it is back; while it is gone, and when its position is
+// lost, Label7 tells no more of a position.
 Gps_step Timer2(Gps& gps, const core::Interaction& flags, platform::Serial_port& port, platform::Clock& clock);
 
 // Mode 1 moves the mark to a position in geographic units and shows it; mode 0 hides it.

@@ -11,6 +11,7 @@
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
+#include "platform/utf8.h"
 
 namespace instruments {
 namespace {
@@ -79,7 +80,7 @@ void Tiltvane_out(Measurement_list& list, platform::Files& files, const std::str
     std::string line = platform::decode_932(bytes);
     if (is_measurement_header(line)) return true;
     if (line.find("END") != std::string::npos) return false;
-    if (line.size() < shortest_line) return true;
+    if (platform::character_count(line) < shortest_line) return true;
     read.shortened = static_cast<int>(read.rows.size()) == list_limit;
     if (!read.shortened) read.rows.push_back({std::move(line), false});
     return !read.shortened;
@@ -123,8 +124,8 @@ std::string Command10(const Data_context& context, const Measurement_list& list,
     if (!platform::stays_inside(name)) throw platform::File_failure(name + " can't be the name of a file");
     context.files.make_folder(tiltvane_folder(settings.program_path));
     context.files.write_whole(path, bytes_to_save(lines, core::is_japanese(settings.language), Text1));
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return {};
   }
   context.prompts.message(name + "として保存しました。", "Saved Filename is [" + name + "]");

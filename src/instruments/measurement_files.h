@@ -54,9 +54,9 @@ std::string tiltvane_folder(const std::string& program_path, const std::string& 
 // The names of the saved files (FileImage), in the order of the folder.
 std::vector<std::string> saved_files(platform::Files& files, const std::string& program_path);
 
-// Fills the list from a saved file or from an unprocessed dump of the memory. Header lines and lines of 6 bytes or less
-// are left out; a line with "END" in it ends the text. Nothing is ticked. A file that is missing or can't be read has
-// no rows.
+// Fills the list from a saved file or from an unprocessed dump of the memory. Header lines and lines of 6 characters or
+// less are left out; a line with "END" in it ends the text. Nothing is ticked. A file that is missing or can't be read
+// has no rows.
 void Tiltvane_out(Measurement_list& list, platform::Files& files, const std::string& path);
 // The same from \TMP2.TMP, the memory after its download.
 void Tiltvane_out2(Measurement_list& list, platform::Files& files, const std::string& program_path);

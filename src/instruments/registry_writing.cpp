@@ -186,8 +186,8 @@ bool refused(const Data_context& context, Registry& registry, const std::string&
 void keep_boxes(const Data_context& context, const Tiltvane_boxes& boxes) {
   try {
     core::rsport_w(context.files, context.settings.program_path, boxes);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "RSPORT.dat"));
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "RSPORT.dat"), failure);
   }
 }
 
@@ -205,9 +205,9 @@ bool write(const Data_context& context, Registry& registry, const Before& before
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.write_whole(path, observations::registry_bytes(registry));
-  } catch (const platform::File_failure&) {
+  } catch (const platform::File_failure& failure) {
     put_back(registry, before);
-    core::write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   observations::registry_backup(context.files, context.settings.project_path);

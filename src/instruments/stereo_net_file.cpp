@@ -97,8 +97,8 @@ int write(const Data_context& context, const Measurement_list& list, const Stere
 void keep_declination(const Data_context& context, const std::string& Text1) {
   try {
     observations::henkaku_w(context.files, context.settings.program_path, Text1);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"));
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, platform::join_path(context.settings.program_path, "henkaku.dat"), failure);
   }
 }
 
@@ -108,7 +108,7 @@ std::string stereo_net_header(bool japanese) {
   return japanese ? header_japanese : header_english;
 }
 
-// 12,L,  N50E,   49S,  N37E,    12,N,50,E,49,S,N,37,E,12, 7 ,#012 ＋
+// 12,L,  N50E,   49S,  N37E,    12,N,50,E,49,S,N,37,E,12, 7 ,012 ＋
 // 1  2 3      4      5      6      7 8  9 10 11 12 13 14 15 16 17
 std::string stereo_net_line(std::string_view line, const Stereo_net_choice& choice) {
   const Parts plane = plane_of(line, choice);
@@ -138,8 +138,8 @@ bool Command9(const Data_context& context, const Measurement_list& list, const S
   int count = 0;
   try {
     count = write(context, list, choice, path);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   if (count == 0) {
@@ -149,6 +149,17 @@ bool Command9(const Data_context& context, const Measurement_list& list, const S
   const std::string number = platform::number_text(count);
   context.prompts.message(number + "個のデータが書き込まれました。", number + "data was written.");
   return true;
+}
+
+bool net_picture_save(const Data_context& context, const std::string& path, const std::string& bytes) {
+  try {
+    if (bytes.empty()) throw platform::File_failure("there is no picture of the net");
+    context.files.write_whole(path, bytes);
+    return true;
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
+    return false;
+  }
 }
 
 }  // namespace instruments

@@ -30,4 +30,8 @@ std::string stereo_net_line(std::string_view line, const Stereo_net_choice& choi
 bool Command9(const Data_context& context, const Measurement_list& list, const Stereo_net_choice& choice,
               const Ask_path& ask);
 
+// Writes a picture of the net, which is encoded already. False, with a message, where there is none or the file can't
+// be written.
+bool net_picture_save(const Data_context& context, const std::string& path, const std::string& bytes);
+
 }  // namespace instruments

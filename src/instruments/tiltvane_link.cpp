@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "instruments/tiltvane_line.h"
+#include "observations/record_line.h"
 #include "platform/code_page_932.h"
-#include "platform/content.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
 #include "platform/text_files.h"
@@ -160,19 +160,47 @@ std::size_t records_in(const std::string& log) {
   return records_of(whole_lines(log)).size();
 }
 
+// Of a missing file nothing; File_failure for one that can't be read.
+std::string content_of(platform::Files& files, const std::string& path) {
+  return files.length(path) == 0 ? std::string{} : files.read_bytes(path);
+}
+
 // The last log is kept under another name, so that a download that brings nothing, or noise, doesn't cost the one
 // before.
 void empty_log(const Link_ports& ports) {
   const std::string path = join_path(ports.program_path, log_name);
-  if (records_in(platform::content_or_nothing(ports.files, path)) > 0)
+  if (records_in(content_of(ports.files, path)) > 0)
     ports.files.copy(path, join_path(ports.program_path, earlier_log_name));
   ports.files.write_whole(path, "");
 }
 
-// Whether a log holds what no table was made of.
+// A record by its number and time, which no declination changes.
+std::string key_of(const std::string& record) {
+  using observations::column_of;
+  return std::string(column_of(record, 1)) + "," + std::string(column_of(record, 8));
+}
+
+// Whether a log holds what no table was made of. The answer may be in its file without a table: a fault came between.
 bool is_unread(const std::string& log, platform::Files& files, const std::string& program_path) {
-  if (log.find(end_word) != std::string::npos) return files.length(join_path(program_path, table_name)) == 0;
-  return whole_lines(log) != platform::content_or_nothing(files, join_path(program_path, answer_name));
+  const std::vector<std::string> table = lines_of(content_of(files, join_path(program_path, table_name)));
+  const std::vector<std::string> logged = records_of(whole_lines(log));
+  // The table has a header, and then each record as it was turned and written.
+  const auto same_record = [](const std::string& record, const std::string& row) {
+    return key_of(text_of(platform::encode_932(converted_line(record, {})))) == key_of(row);
+  };
+  return table.size() < logged.size() + 1 || !std::equal(logged.begin(), logged.end(), table.begin() + 1, same_record);
+}
+
+Broken_download broken_log(platform::Files& files, const std::string& program_path) {
+  std::string path = join_path(program_path, log_name);
+  std::string log = content_of(files, path);
+  if (records_in(log) == 0 && log.find(end_word) == std::string::npos) {
+    path = join_path(program_path, earlier_log_name);
+    log = content_of(files, path);
+  }
+  const std::size_t records = records_in(log);
+  if (records == 0 || !is_unread(log, files, program_path)) return {};
+  return {path, records, whole_lines(log).size() < log.size()};
 }
 
 }  // namespace
@@ -243,19 +271,15 @@ void Command50(Tiltvane_link& link, platform::Serial_port& serial) {
 }
 
 Broken_download broken_download(platform::Files& files, const std::string& program_path) {
-  std::string path = join_path(program_path, log_name);
-  std::string log = platform::content_or_nothing(files, path);
-  if (records_in(log) == 0 && log.find(end_word) == std::string::npos) {
-    path = join_path(program_path, earlier_log_name);
-    log = platform::content_or_nothing(files, path);
+  try {
+    return broken_log(files, program_path);
+  } catch (const platform::File_failure&) {
+    return {};  // a log that can't be read is not offered
   }
-  const std::size_t records = records_in(log);
-  if (records == 0 || !is_unread(log, files, program_path)) return {};
-  return {path, records, whole_lines(log).size() < log.size()};
 }
 
 bool read_again(Tiltvane_link& link, const Tiltvane_boxes& boxes, const Link_ports& ports) {
-  const Broken_download broken = broken_download(ports.files, ports.program_path);
+  const Broken_download broken = broken_log(ports.files, ports.program_path);
   if (broken.path.empty()) return false;
   Command50(link, ports.serial);
   link = Tiltvane_link{};

@@ -82,7 +82,8 @@ struct Broken_download {
 // Of \Tiltvane.tmp, or of the log before it while that one holds no record and no
 // answer. A log that was read again is no more offered.
 Broken_download broken_download(platform::Files& files, const std::string& program_path);
-// Reads it again, without an unfinished line, and makes \TMP2.TMP of it. False when there is none.
+// Reads it again, without an unfinished line, and makes \TMP2.TMP of it. False when there is none; File_failure when it
+// can't be read or the table not be written, and then it is offered again.
 bool read_again(Tiltvane_link& link, const Tiltvane_boxes& boxes, const Link_ports& ports);
 
 }  // namespace instruments

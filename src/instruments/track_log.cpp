@@ -68,8 +68,8 @@ bool Command16(const Data_context& context, const Measurement_list& list, const 
   }
   try {
     context.files.write_whole(path, writer.bytes());
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   return true;

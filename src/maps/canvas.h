@@ -34,6 +34,7 @@ struct Canvas {
   double grid_nx = 100, grid_ny = 100;
   double cell_w = 0, cell_h = 0;
   double width = 0, height = 0;  // of Picture1, twips
+  bool operator==(const Canvas&) const = default;
 };
 
 struct Canvas_point {

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <vector>
 
+#include "core/save_messages.h"
 #include "drawing/text_split.h"
 #include "geodesy/mesh_code.h"
 #include "maps/corner_text.h"
@@ -135,11 +136,12 @@ bool Command1(platform::Files& files, platform::Prompts& prompts, const std::str
   Index_display settings = display;
   platform::Line_writer writer;
   for (const double* setting : lines_of(settings)) writer.line(platform::print_number(*setting));
+  const std::string path = platform::join_path(program_path, "chizuset.dat");
   try {
-    files.write_whole(platform::join_path(program_path, "chizuset.dat"), writer.bytes());
+    files.write_whole(path, writer.bytes());
     return true;
-  } catch (const platform::File_failure&) {
-    prompts.message({"表示設定を保存できません。", "The display settings can't be saved."});
+  } catch (const platform::File_failure& failure) {
+    core::file_failed(prompts, {"表示設定を保存できません: ", "The display settings can't be saved: "}, path, failure);
     return false;
   }
 }

@@ -34,6 +34,58 @@ Sides reach_of(const Drawn_record& drawn, double scale, double height) {
           std::max(around, offset + line_height * height)};
 }
 
+// A point stands this much beside its box's place at the most: places are narrowed to single precision.
+Sides widened(const Sides& box) {
+  constexpr double least = 1, of_the_place = 1e-6;
+  const auto by = [](double place) { return least + std::abs(place) * of_the_place; };
+  return {box.left - by(box.left), box.top - by(box.top), box.right + by(box.right), box.bottom + by(box.bottom)};
+}
+
+Sides joined(const Sides& a, const Sides& b) {
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
+}
+
+Sides box_of(maps::Canvas& canvas, const Record& record, const Drawn_record& drawn, double height) {
+  const Point at = place_of(canvas, drawn.X, drawn.Y);
+  const Sides reach = reach_of(drawn, canvas.zoom_count, height);
+  Sides box{at.x - reach.left, at.y - reach.top, at.x + reach.right, at.y + reach.bottom};
+  if (drawn.as == Drawn_as::area || drawn.as == Drawn_as::line) {
+    for (const geodesy::Point& vertex : record.vertices) {
+      const Point corner = place_of(canvas, vertex.x, vertex.y);
+      box = joined(box, {corner.x - line_reach, corner.y - line_reach, corner.x + line_reach, corner.y + line_reach});
+    }
+  }
+  return widened(box);
+}
+
+double text_height(const maps::Canvas& canvas) {
+  return canvas.label_scale * label_units;
+}
+
+// The boxes of the first `known` records for this canvas.
+const std::vector<Sides>& boxes_for(const maps::Canvas& canvas, const Registry& registry, const Drawn_records& drawn,
+                                    int known) {
+  maps::Canvas still = canvas;
+  still.view_x = still.view_y = still.width = still.height = 0;
+  Kept_boxes& kept = drawn.kept;
+  if (kept.boxes.size() == static_cast<std::size_t>(known) && kept.still == still) return kept.boxes;
+  kept.still = still;
+  kept.boxes.clear();
+  kept.boxes.reserve(static_cast<std::size_t>(known));
+  for (int row = 1; row <= known; ++row)
+    kept.boxes.push_back(
+        box_of(still, registry.rows[row], drawn.records[static_cast<std::size_t>(row - 1)], text_height(still)));
+  return kept.boxes;
+}
+
+Sides moved(const Sides& part, double x, double y) {
+  return {part.left + x, part.top + y, part.right + x, part.bottom + y};
+}
+
+bool meets(const Sides& a, const Sides& b) {
+  return a.right >= b.left && a.left <= b.right && a.bottom >= b.top && a.top <= b.bottom;
+}
+
 void sen_out(drawing::Surface& surface, const Sides& part, std::span<const Point> places, drawing::Colour colour) {
   for (std::size_t i = 1; i < places.size(); ++i)
     if (may_be_seen(part, places.subspan(i - 1, 2), line_reach))
@@ -160,10 +212,15 @@ std::string number_text_of(const Record& record, Number_shown shown) {
 void chiten_out(drawing::Surface& surface, maps::Canvas& canvas, const Registry& registry, const Drawn_records& drawn,
                 const Chiten_choice& choice) {
   if (!choice.marks) return;
-  Painting painting{surface, canvas, choice, painted_part(surface, canvas), canvas.label_scale * label_units, {}};
-  const auto known = static_cast<int>(std::min(drawn.records.size(), drawn.symbols.size()));
+  Painting painting{surface, canvas, choice, painted_part(surface, canvas), text_height(canvas), {}};
+  const auto known =
+      std::min(static_cast<int>(std::min(drawn.records.size(), drawn.symbols.size())), std::max(registry.N, 0));
+  const std::vector<Sides>& boxes = boxes_for(canvas, registry, drawn, known);
+  const Sides still_part =
+      moved(painting.part, -canvas.view_x / maps::twips_per_unit, -canvas.view_y / maps::twips_per_unit);
   for (int row = 1; row <= registry.N; ++row) {
     const auto place = static_cast<std::size_t>(row - 1);
+    if (row <= known && !meets(boxes[place], still_part)) continue;
     const Symbol* const symbol = row <= known ? &drawn.symbols[place] : nullptr;
     const Drawn_record made = symbol ? Drawn_record{} : drawn_record(registry.rows[row], nullptr);
     const Drawn_record& record = symbol ? drawn.records[place] : made;

@@ -11,6 +11,7 @@
 #include "drawing/surface.h"
 #include "maps/canvas.h"
 #include "observations/geomagnetic_field.h"
+#include "observations/painted_part.h"
 #include "observations/registry.h"
 #include "observations/strike_symbol.h"
 
@@ -38,6 +39,14 @@ struct Drawn_record {
   drawing::Colour colour = drawing::black;
 };
 
+// What a record's drawing covers of a canvas that has not been moved, a little more rather than less; a repaint of a
+// strip looks at nothing else of the records that it passes over. Worked out anew when the frame or the scale is
+// another.
+struct Kept_boxes {
+  maps::Canvas still;  // the canvas they hold for, its view at the origin
+  std::vector<Sides> boxes;
+};
+
 // One of each for each record of the table. Made anew when the table is: a record that is changed meanwhile is drawn
 // with its old place and colours. Records behind the last are drawn without symbols.
 struct Drawn_records {
@@ -45,6 +54,7 @@ struct Drawn_records {
   // Degrees at the record's place; none where it can't be had, and for a record without a strike or a trend.
   std::vector<std::optional<double>> declinations;
   std::vector<Drawn_record> records;
+  mutable Kept_boxes kept;
 };
 
 // The declination at a record's own place, degrees. A record in metres takes that of its place on a geographic sheet.

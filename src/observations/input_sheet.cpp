@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/project_folders.h"
+#include "core/save_messages.h"
 #include "observations/link.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
@@ -46,9 +47,9 @@ bool copy_template(const Sheet_context& context, const std::string& path) {
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.copy(source, path);
-  } catch (const platform::File_failure&) {
-    context.prompts.message("入力基本枠のファイルをコピーできません: " + source + " → " + path,
-                            "The template can't be copied: " + source + " → " + path);
+  } catch (const platform::File_failure& failure) {
+    core::file_failed(context.prompts, {"入力基本枠のファイルをコピーできません: ", "The template can't be copied: "},
+                      source + " → " + path, failure);
     return false;
   }
   return true;

@@ -11,6 +11,7 @@ namespace observations {
 // Distances from a point, or places: canvas units.
 struct Sides {
   double left = 0, top = 0, right = 0, bottom = 0;
+  bool operator==(const Sides&) const = default;
 };
 
 // The canvas where the surface takes drawing at all. A canvas without a width shows everything.

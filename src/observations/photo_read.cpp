@@ -143,9 +143,9 @@ bool append_all(Edit_context context, Registry& registry, std::vector<Record>& r
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.write_whole(path, registry_bytes(registry));
-  } catch (const platform::File_failure&) {
+  } catch (const platform::File_failure& failure) {
     for (; registry.N > old_count; --registry.N) registry.rows[registry.N] = Record{};
-    core::write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   registry.file = path;

@@ -48,6 +48,10 @@ Picture read_picture(Picture_context context, const std::string& path, int quart
   return context.pictures.rotate_quarter(picture, quarter_turns);
 }
 
+void unreadable(Picture_context context, const std::string& path) {
+  context.prompts.message("画像を読み込めません: " + path, "The picture can't be read: " + path);
+}
+
 std::string temporary(Picture_context context, const char* name) {
   return join_path(context.settings.program_path, name);
 }
@@ -55,7 +59,10 @@ std::string temporary(Picture_context context, const char* name) {
 bool turn(Picture_context context, Picture_place& place, int by) {
   if (place.path.empty() || is_sound_name(place.path)) return false;
   const Picture before = read_picture(context, place.path, place.quarter_turns);
-  if (before.empty()) return false;
+  if (before.empty()) {
+    unreadable(context, place.path);
+    return false;
+  }
   const Picture after = context.pictures.rotate_quarter(before, turned(0, by));
   if (!drawing::save_bmp(context.files, context.prompts, before, temporary(context, "tmp0.bmp"), before.depth) ||
       !drawing::save_bmp(context.files, context.prompts, after, temporary(context, "tmp.bmp"), after.depth))
@@ -127,7 +134,7 @@ bool convert(Picture_context context, const Picture_place& place, Store_file& fi
   if (is_sound_name(place.path) || (is_bmp_name(place.path) && place.quarter_turns == 0)) return true;
   const Picture picture = read_picture(context, place.path, place.quarter_turns);
   if (picture.empty()) {
-    context.prompts.message("画像を読み込めません: " + place.path, "The picture can't be read: " + place.path);
+    unreadable(context, place.path);
     return false;
   }
   if (!drawing::save_bmp(context.files, context.prompts, picture, temporary(context, "tmp.bmp"), picture.depth))
@@ -157,6 +164,15 @@ bool replacing_agreed(Picture_context context, const std::vector<Store_file>& fi
   const std::string japanese = "この地点には同じ名前のファイルがあります。置き換えますか。\n" + names;
   const std::string english = "This point has files of the same name. Replace them?\n" + names;
   return context.prompts.yes_no({japanese.c_str(), english.c_str()});
+}
+
+// True, with a message, when the point has a list that can't be read: a new one would lose what it names.
+bool list_unread(Picture_context context, const Picture_boxes& boxes, const std::string& name) {
+  if (boxes.File2_point == name) return false;
+  const std::string path = point_path(context.settings.project_path, name, ".dat");
+  context.prompts.message("画像の一覧を読み込めないため、保存しません: " + path,
+                          "The list of pictures can't be read, so nothing is saved: " + path);
+  return true;
 }
 
 // The point's list with the new files behind those it has.
@@ -224,7 +240,12 @@ bool Text1_change(Picture_context context, Picture_boxes& boxes, bool edit) {
   boxes.File2_point = name;
   boxes.Dir2 = path.empty() ? image_folder(project) : point_folder(project, name);
   Point_file point;
-  if (path.empty() || !point_r(context.files, path, point)) return false;
+  try {
+    if (path.empty() || !point_r(context.files, path, point)) return false;
+  } catch (const platform::File_failure&) {
+    boxes.File2_point.clear();  // its list isn't known: the store looks again
+    return false;
+  }
   boxes.File2 = std::move(point.pictures);
   if (edit) {
     boxes.Text2 = platform::number_text(point.X);
@@ -314,6 +335,7 @@ bool Command5(Picture_context context, Picture_boxes& boxes) {
     return false;
   }
   if (boxes.File2_point != name) Text1_change(context, boxes, false);
+  if (list_unread(context, boxes, name)) return false;
   std::vector<Store_file> files = files_of_places(context.settings, boxes, name);
   if (names_refused(context.prompts, files) || !replacing_agreed(context, files) || !convert_all(context, boxes, files))
     return false;
@@ -321,8 +343,9 @@ bool Command5(Picture_context context, Picture_boxes& boxes) {
   try {
     write_point(context, point, files);
   } catch (const platform::File_failure& failure) {
-    context.prompts.message(std::string("保存できません: ") + failure.what(),
-                            std::string("The files can't be saved: ") + failure.what());
+    const bool known = failure.cause != platform::File_cause::unknown;
+    core::file_failed(context.prompts, {"保存できません: ", "The files can't be saved: "},
+                      known ? failure.file : failure.what(), failure);
     return false;
   }
   boxes.File2 = point.pictures;

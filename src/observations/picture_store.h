@@ -35,7 +35,7 @@ struct Picture_boxes {
   std::string Dir2;                   // the point's folder in the picture store
   std::string File1;                  // the file chosen in Dir1
   std::vector<Listed_picture> File2;  // what the point has in the store
-  std::string File2_point;            // the point whose list that is
+  std::string File2_point;            // the point whose list that is; empty where its list can't be read
   std::array<Picture_place, picture_places> places;
 };
 
@@ -87,15 +87,16 @@ int place_from_store(Picture_context context, Picture_boxes& boxes, std::size_t 
 void sound_out(Picture_context context, const std::string& path);
 
 // Turns the picture of a place by a quarter, clockwise and counter-clockwise: it goes to \tmp0.bmp of the program
-// folder as it is, and turned to \tmp.bmp. False, and nothing turned, when there is no picture or it can't be written.
+// folder as it is, and turned to \tmp.bmp. False, and nothing turned, when there is no picture, and with a message when
+// it can't be read or written.
 bool gazou_kaiten(Picture_context context, Picture_place& place);
 bool gazou_kaiten2(Picture_context context, Picture_place& place);
 
 // The store. Writes psettei.dat, asks before it replaces a picture of the same name, then writes the pictures, the
 // .dat file and, where there is none, the .txt file as one operation of the journal. The places are free afterwards.
 // False with one message, and no file of the project written: without a name, with a name or a picture's name that
-// can't be a file's or be stored, and with a picture that can't be read. False with a message too when a file can't be
-// written; the .dat file then is as it was.
+// can't be a file's or be stored, and with a picture or a list of pictures that can't be read. False with a message too
+// when a file can't be written; the .dat file then is as it was.
 bool Command5(Picture_context context, Picture_boxes& boxes);
 
 // Opens the point's .txt file with the program that goes with it.

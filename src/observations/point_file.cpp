@@ -79,7 +79,8 @@ std::string picture_path(const std::string& project_path, const std::string& poi
 //  1 ,RIMG0001.bmp,                        number, file
 //  2 ,voice.wav,
 bool point_r(platform::Files& files, const std::string& path, Point_file& point) {
-  const std::vector<Text_line> lines = platform::read_text_lines(files, path);
+  if (files.length(path) == 0) return false;
+  const std::vector<Text_line> lines = platform::text_lines_of(files.read_bytes(path));
   if (lines.empty()) return false;
   std::array<std::string, drawing::settings_fields> fields;
   drawing::split_csv(lines.front().text, fields);

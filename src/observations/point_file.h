@@ -42,7 +42,7 @@ std::string point_path(const std::string& project_path, const std::string& name,
 std::string picture_path(const std::string& project_path, const std::string& point, const std::string& picture);
 
 // Reads a .dat file. The lines count, not the number that line 1 tells; lines without a file name are left out. False,
-// and the point as it was, when the file is missing or empty.
+// and the point as it was, when the file is missing or empty. File_failure when it can't be read.
 bool point_r(platform::Files& files, const std::string& path, Point_file& point);
 // The content of the file; the pictures are numbered anew from 1.
 std::string point_bytes(const Point_file& point);

@@ -99,7 +99,7 @@ std::vector<Text_line> lines_to_keep(Files& files, const std::string& path) {
   const std::size_t end = bytes.find(end_of_text);
   if (end != std::string::npos && end + 1 < bytes.size())
     throw platform::File_failure(path + " holds text behind its end-of-text mark");
-  return platform::read_text_lines(files, path);
+  return platform::text_lines_of(bytes);  // read a second time it might fail, and the file would lose its lines
 }
 
 bool is_deleted(std::string_view line) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/language.h"
+#include "core/save_messages.h"
 #include "observations/memo.h"
 #include "observations/record_line.h"
 #include "platform/failures.h"
@@ -217,8 +218,9 @@ bool mnu_del(Edit_context context, Entry& entry, Registry& registry, const Click
     if (delete_line(context.files, path, record, number, entry.unsaved) == Deletion::changed_elsewhere)
       context.prompts.message("地点登録ファイルが変更されていたため、削除しませんでした: " + path,
                               "The file was changed meanwhile, so nothing was deleted: " + path);
-  } catch (const platform::File_failure&) {
-    context.prompts.message("地点登録ファイルを書き換えられません: " + path, "The file can't be rewritten: " + path);
+  } catch (const platform::File_failure& failure) {
+    core::file_failed(context.prompts, {"地点登録ファイルを書き換えられません: ", "The file can't be rewritten: "},
+                      path, failure);
     return false;
   }
   take_back_unsaved(entry, registry);

@@ -80,10 +80,10 @@ bool write_table(Edit_context context, Registry& registry, int number, const Rec
   registry.rows[number] = record;
   try {
     context.files.write_whole(path, registry_bytes(registry));
-  } catch (const platform::File_failure&) {
+  } catch (const platform::File_failure& failure) {
     registry.rows[number] = old;
     registry.N = old_count;
-    core::write_failed(context.prompts, path);
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   return true;
@@ -109,13 +109,14 @@ bool write_memo(Edit_context context, const Entry& entry, const Registry& regist
   }
   if (!changed && context.files.length(path) > 0) {
     // A number that was just given out is in no file: a memo of its name belonged to a record that is gone.
-    if (is_newly_given(entry, registry, number)) context.files.remove(path);
-    return true;
+    if (!is_newly_given(entry, registry, number) || context.files.remove(path)) return true;
+    context.prompts.message("削除できません: " + path, "The file can't be deleted: " + path);
+    return false;
   }
   try {
     memo_write(context.files, context.settings.project_path, path, entry.boxes.memo);
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   return true;
@@ -185,8 +186,8 @@ bool surface_add(Edit_context context, const Entry& entry) {
   context.files.make_folder(core::chisou_men(context.settings.project_path));
   try {
     context.files.write_whole(path, with_record(lines_to_keep(context.files, path), short_record(entry.boxes)));
-  } catch (const platform::File_failure&) {
-    core::write_failed(context.prompts, path);
+  } catch (const platform::File_failure& failure) {
+    core::write_failed(context.prompts, path, failure);
     return false;
   }
   const std::string done = name + "面に書き込みました。";

@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <system_error>
+#include <utility>
 
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
@@ -57,6 +58,14 @@ void check_readable(const fs::path& path) {
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
 }
 
+// Faults that have no name in the standard: a share of the disk that is used up, a file that another program holds.
+bool is_used_up(const std::error_code& fault) {
+  return fault.value() == ERROR_DISK_QUOTA_EXCEEDED;
+}
+bool is_held(const std::error_code& fault) {
+  return fault.value() == ERROR_SHARING_VIOLATION || fault.value() == ERROR_LOCK_VIOLATION;
+}
+
 unsigned long process_number() {
   return GetCurrentProcessId();
 }
@@ -75,34 +84,72 @@ struct Open_file {
   bool is_open() const { return handle != INVALID_HANDLE_VALUE; }
 };
 
-void write_all(const Open_file& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    DWORD written = 0;
-    const DWORD piece = static_cast<DWORD>(bytes.size() < 0x1000000 ? bytes.size() : 0x1000000);
-    if (!WriteFile(file.handle, bytes.data(), piece, &written, nullptr)) fail_last();
-    bytes.remove_prefix(written);
-  }
+Open_file open_to_read(const fs::path& path) {
+  return {path, GENERIC_READ, OPEN_EXISTING};
+}
+Open_file open_to_lengthen(const fs::path& path) {
+  return {path, GENERIC_WRITE, OPEN_ALWAYS};
+}
+Open_file open_new(const fs::path& path) {
+  return {path, GENERIC_WRITE, CREATE_NEW};
+}
+bool name_was_taken() {
+  return GetLastError() == ERROR_FILE_EXISTS;
+}
+
+std::size_t read_some(const Open_file& file, char* into, std::size_t room) {
+  DWORD got = 0;
+  if (!ReadFile(file.handle, into, static_cast<DWORD>(room), &got, nullptr)) fail_last();
+  return got;
+}
+
+std::size_t write_some(const Open_file& file, std::string_view bytes) {
+  DWORD written = 0;
+  const DWORD piece = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 0x1000000));
+  if (!WriteFile(file.handle, bytes.data(), piece, &written, nullptr)) fail_last();
+  return written;
+}
+
+void flush(const Open_file& file) {
   if (!FlushFileBuffers(file.handle)) fail_last();
 }
 
-// False when the name is taken.
-bool write_new(const fs::path& path, std::string_view bytes, const fs::path&) {
-  const Open_file file(path, GENERIC_WRITE, CREATE_NEW);
-  if (!file.is_open() && GetLastError() == ERROR_FILE_EXISTS) return false;
-  if (!file.is_open()) fail_last();
-  write_all(file, bytes);
-  return true;
+// Goes to the end and gives its place.
+std::int64_t end_of(const Open_file& file) {
+  LARGE_INTEGER end{};
+  if (!SetFilePointerEx(file.handle, {}, &end, FILE_END)) fail_last();
+  return end.QuadPart;
 }
+
+void cut_at(const Open_file& file, std::int64_t length) {
+  LARGE_INTEGER end{};
+  end.QuadPart = length;
+  SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN);
+  SetEndOfFile(file.handle);
+}
+
+// The replacing call of this system does it.
+void take_permissions(const Open_file&, const fs::path&) {}
 
 void put_in_place(const fs::path& temporary, const fs::path& target) {
   if (fs::exists(target) && ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, 0, nullptr, nullptr)) return;
   if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) fail_last();
 }
 
+void flush_folder(const fs::path&) {}
+
 #else
 
 [[noreturn]] void fail_last() {
   throw std::system_error(errno, std::generic_category());
+}
+
+// Faults that have no name in the standard: a share of the disk that is used up, a file that another program holds.
+bool is_used_up(const std::error_code& fault) {
+  return fault.value() == EDQUOT;
+}
+bool is_held(const std::error_code&) {
+  return false;
 }
 
 long process_number() {
@@ -122,13 +169,46 @@ struct Open_file {
   bool is_open() const { return handle >= 0; }
 };
 
-void write_all(const Open_file& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file.handle, bytes.data(), bytes.size());
-    if (written < 0 && errno != EINTR) fail_last();
-    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
+Open_file open_to_read(const fs::path& path) {
+  return {path, O_RDONLY};
+}
+Open_file open_to_lengthen(const fs::path& path) {
+  return {path, O_WRONLY | O_CREAT | O_APPEND};
+}
+Open_file open_new(const fs::path& path) {
+  return {path, O_WRONLY | O_CREAT | O_EXCL};
+}
+bool name_was_taken() {
+  return errno == EEXIST;
+}
+
+std::size_t read_some(const Open_file& file, char* into, std::size_t room) {
+  ssize_t got = -1;
+  do got = read(file.handle, into, room);
+  while (got < 0 && errno == EINTR);
+  if (got < 0) fail_last();
+  return static_cast<std::size_t>(got);
+}
+
+// 0 where a signal came first.
+std::size_t write_some(const Open_file& file, std::string_view bytes) {
+  const ssize_t written = write(file.handle, bytes.data(), bytes.size());
+  if (written < 0 && errno != EINTR) fail_last();
+  return written < 0 ? 0 : static_cast<std::size_t>(written);
+}
+
+void flush(const Open_file& file) {
   if (fsync(file.handle) != 0) fail_last();
+}
+
+std::int64_t end_of(const Open_file& file) {
+  struct stat now {};
+  if (fstat(file.handle, &now) != 0) fail_last();
+  return now.st_size;
+}
+
+void cut_at(const Open_file& file, std::int64_t length) {
+  [[maybe_unused]] const int cut = ftruncate(file.handle, length);
 }
 
 // Gives a new file the permission bits (and, where that is allowed, the owner) of the one it will replace.
@@ -140,35 +220,65 @@ void take_permissions(const Open_file& file, const fs::path& from) {
   if (fchmod(file.handle, old.st_mode & 07777) != 0) fail_last();
 }
 
-// False when the name is taken.
-bool write_new(const fs::path& path, std::string_view bytes, const fs::path& target) {
-  const Open_file file(path, O_WRONLY | O_CREAT | O_EXCL);
-  if (!file.is_open() && errno == EEXIST) return false;
-  if (!file.is_open()) fail_last();
-  take_permissions(file, target);
-  write_all(file, bytes);
-  return true;
-}
-
 void put_in_place(const fs::path& temporary, const fs::path& target) {
   if (access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0) fail_last();
   if (rename(temporary.c_str(), target.c_str()) != 0) fail_last();
-  // The rename is done; that some file systems can't flush a folder changes nothing.
-  const Open_file folder(target.has_parent_path() ? target.parent_path() : fs::path("."), O_RDONLY | O_DIRECTORY);
+}
+
+// Some file systems can't flush a folder.
+void flush_folder(const fs::path& path) {
+  const Open_file folder(path, O_RDONLY | O_DIRECTORY);
   if (folder.is_open()) fsync(folder.handle);
 }
 
 #endif
 
-// Removes the temporary file unless it has been put in its place.
+void write_all(const Open_file& file, const fs::path& path, std::string_view bytes, const Disk_gate& gate) {
+  while (!bytes.empty()) {
+    const std::size_t taken = pass(gate, {Step_kind::write, path, bytes.size()});
+    bytes.remove_prefix(write_some(file, bytes.substr(0, taken)));
+  }
+  pass(gate, {Step_kind::flush, path});
+  flush(file);
+}
+
+// Removed unless it was put in its place. One that can't be removed is left to the next start.
 struct Temporary_file {
   fs::path path;
-  bool in_place = false;
+  const Disk_gate& gate;
+  bool made = false, in_place = false;
   ~Temporary_file() {
-    std::error_code ignored;
-    if (!in_place) fs::remove(path, ignored);
+    if (!made || in_place) return;
+    try {
+      remove_file(path, gate);
+    } catch (const std::system_error&) {  // the fault that led here is the one to be told
+    }
   }
 };
+
+// False when the name is taken.
+bool write_new(Temporary_file& temporary, std::string_view bytes, const fs::path& target) {
+  const Disk_gate& gate = temporary.gate;
+  pass(gate, {Step_kind::create, temporary.path});
+  const Open_file file = open_new(temporary.path);
+  if (!file.is_open() && name_was_taken()) return false;
+  if (!file.is_open()) fail_last();
+  temporary.made = true;
+  pass(gate, {Step_kind::permit, temporary.path});
+  take_permissions(file, target);
+  write_all(file, temporary.path, bytes, gate);
+  return true;
+}
+
+// The rename is done: that the folder can't be flushed changes nothing.
+void flush_folder_of(const fs::path& target, const Disk_gate& gate) {
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  try {
+    pass(gate, {Step_kind::flush, folder});
+    flush_folder(folder);
+  } catch (const std::system_error&) {
+  }
+}
 
 fs::path temporary_name(const fs::path& target) {
   static std::atomic<unsigned> count{0};
@@ -178,20 +288,63 @@ fs::path temporary_name(const fs::path& target) {
 
 }  // namespace
 
-void replace_file(const fs::path& path, std::string_view bytes) {
+void replace_file(const fs::path& path, std::string_view bytes, const Disk_gate& gate) {
   const fs::path target = end_of_links(path);
   check_target(target);
   for (int i = 0; i < most_temporary_names; ++i) {
     const fs::path name = temporary_name(target);
     std::error_code ignored;
     if (fs::exists(name, ignored)) continue;
-    Temporary_file temporary{name};
-    if (!write_new(temporary.path, bytes, target)) continue;
+    Temporary_file temporary{name, gate};
+    if (!write_new(temporary, bytes, target)) continue;
+    pass(gate, {Step_kind::rename, target});
     put_in_place(temporary.path, target);
     temporary.in_place = true;
+    flush_folder_of(target, gate);
     return;
   }
   fail(std::errc::file_exists);
+}
+
+void append_file(const fs::path& path, std::string_view bytes, const Disk_gate& gate) {
+  check_target(path);
+  const bool is_new = !fs::exists(path);
+  pass(gate, {Step_kind::open, path});
+  const Open_file file = open_to_lengthen(path);
+  if (!file.is_open()) fail_last();
+  const std::int64_t length = end_of(file);
+  try {
+    write_all(file, path, bytes, gate);
+  } catch (const std::system_error&) {
+    pass(gate, {Step_kind::cut, path});
+    cut_at(file, length);
+    if (is_new) remove_file(path, gate);
+    throw;
+  }
+}
+
+void read_file_pieces(const fs::path& path, const std::function<bool(std::string_view)>& take, const Disk_gate& gate) {
+  check_readable(path);
+  pass(gate, {Step_kind::open, path});
+  const Open_file file = open_to_read(path);
+  if (!file.is_open()) fail_last();
+  std::array<char, 65536> piece;
+  while (true) {
+    pass(gate, {Step_kind::read, path});
+    const std::size_t got = read_some(file, piece.data(), piece.size());
+    if (got == 0 || !take({piece.data(), got})) return;
+  }
+}
+
+bool remove_file(const fs::path& path, const Disk_gate& gate) {
+  if (fs::is_directory(fs::symlink_status(path))) fail(std::errc::is_a_directory);
+  pass(gate, {Step_kind::remove, path});
+  return fs::remove(path);
+}
+
+void make_one_folder(const fs::path& path, const Disk_gate& gate) {
+  pass(gate, {Step_kind::make_folder, path});
+  fs::create_directory(path);
 }
 
 #ifdef _WIN32
@@ -230,31 +383,6 @@ File_facts facts_of(const fs::path& path) {
   return facts;
 }
 
-void read_file_pieces(const fs::path& path, const std::function<bool(std::string_view)>& take) {
-  check_readable(path);
-  const Open_file file(path, GENERIC_READ, OPEN_EXISTING);
-  if (!file.is_open()) fail_last();
-  std::array<char, 65536> piece;
-  for (DWORD got = 0;;) {
-    if (!ReadFile(file.handle, piece.data(), static_cast<DWORD>(piece.size()), &got, nullptr)) fail_last();
-    if (got == 0 || !take({piece.data(), got})) return;
-  }
-}
-
-void append_file(const fs::path& path, std::string_view bytes) {
-  check_target(path);
-  const Open_file file(path, GENERIC_WRITE, OPEN_ALWAYS);
-  LARGE_INTEGER end{};
-  if (!file.is_open() || !SetFilePointerEx(file.handle, {}, &end, FILE_END)) fail_last();
-  try {
-    write_all(file, bytes);
-  } catch (...) {
-    SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN);
-    SetEndOfFile(file.handle);
-    throw;
-  }
-}
-
 #else
 
 fs::path machine_path(std::string_view path) {
@@ -286,47 +414,42 @@ File_facts facts_of(const fs::path& path) {
   return facts;
 }
 
-void read_file_pieces(const fs::path& path, const std::function<bool(std::string_view)>& take) {
-  check_readable(path);
-  const Open_file file(path, O_RDONLY);
-  if (!file.is_open()) fail_last();
-  std::array<char, 65536> piece;
-  while (true) {
-    ssize_t got = -1;
-    do got = read(file.handle, piece.data(), piece.size());
-    while (got < 0 && errno == EINTR);
-    if (got < 0) fail_last();
-    if (got == 0 || !take({piece.data(), static_cast<std::size_t>(got)})) return;
-  }
-}
-
-void append_file(const fs::path& path, std::string_view bytes) {
-  check_target(path);
-  const Open_file file(path, O_WRONLY | O_CREAT | O_APPEND);
-  struct stat old {};
-  if (!file.is_open() || fstat(file.handle, &old) != 0) fail_last();
-  try {
-    write_all(file, bytes);
-  } catch (...) {
-    [[maybe_unused]] const int cut = ftruncate(file.handle, old.st_size);
-    throw;
-  }
-}
-
 #endif
 
 // The size told is a hint: a file may grow, and some tell none.
-std::string read_file(const fs::path& path) {
+std::string read_file(const fs::path& path, const Disk_gate& gate) {
   const std::int64_t size = facts_of(path).size;
   if (size > largest_file_bytes) fail(std::errc::file_too_large);
   std::string bytes;
   bytes.reserve(static_cast<std::size_t>(size));
-  read_file_pieces(path, [&](std::string_view piece) {
+  const auto take = [&](std::string_view piece) {
     if (static_cast<std::int64_t>(bytes.size() + piece.size()) > largest_file_bytes) fail(std::errc::file_too_large);
     bytes.append(piece);
     return true;
-  });
+  };
+  read_file_pieces(path, take, gate);
   return bytes;
+}
+
+File_cause cause_of(const std::error_code& fault) {
+  static const std::pair<std::errc, File_cause> causes[] = {
+      {std::errc::no_space_on_device, File_cause::disk_full},
+      {std::errc::permission_denied, File_cause::not_allowed},
+      {std::errc::operation_not_permitted, File_cause::not_allowed},
+      {std::errc::read_only_file_system, File_cause::not_allowed},
+      {std::errc::no_such_file_or_directory, File_cause::missing},
+      {std::errc::not_a_directory, File_cause::missing},
+      {std::errc::device_or_resource_busy, File_cause::in_use},
+      {std::errc::text_file_busy, File_cause::in_use},
+      {std::errc::file_too_large, File_cause::too_large},
+      {std::errc::io_error, File_cause::broken},
+      {std::errc::no_such_device, File_cause::broken},
+      {std::errc::no_such_device_or_address, File_cause::broken},
+  };
+  if (is_used_up(fault)) return File_cause::disk_full;
+  for (const auto& [error, cause] : causes)
+    if (fault == error) return cause;
+  return is_held(fault) ? File_cause::in_use : File_cause::unknown;
 }
 
 std::vector<std::string> names_in(const fs::path& folder) {

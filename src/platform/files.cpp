@@ -26,7 +26,7 @@ auto guarded(const std::string& path, const char* done, Action action) {
   try {
     return action();
   } catch (const std::system_error& fault) {
-    throw File_failure(path + " could not be " + done + ": " + fault.code().message());
+    throw File_failure(path, done, fault.code().message(), cause_of(fault.code()));
   }
 }
 
@@ -62,19 +62,23 @@ std::int64_t Disk_files::length(const std::string& path) {
 }
 
 std::string Disk_files::read_bytes(const std::string& path) {
-  return guarded(path, "read", [&] { return read_file(find_path(listings_, path)); });
+  return guarded(path, "read", [&] { return read_file(find_path(listings_, path), gate_); });
 }
 
 void Disk_files::read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) {
-  guarded(path, "read", [&] { read_file_pieces(find_path(listings_, path), take); });
+  guarded(path, "read", [&] { read_file_pieces(find_path(listings_, path), take, gate_); });
 }
 
 void Disk_files::write_whole(const std::string& path, std::string_view bytes) {
-  guarded(path, "written", [&] { replace_file(find_path(listings_, path), bytes); });
+  guarded(path, "written", [&] {
+    const fs::path target = find_path(listings_, path);
+    sweep_once(target.parent_path());
+    replace_file(target, bytes, gate_);
+  });
 }
 
 void Disk_files::append(const std::string& path, std::string_view bytes) {
-  guarded(path, "written", [&] { append_file(find_path(listings_, path), bytes); });
+  guarded(path, "written", [&] { append_file(find_path(listings_, path), bytes, gate_); });
 }
 
 void Disk_files::copy(const std::string& from, const std::string& to) {
@@ -82,15 +86,18 @@ void Disk_files::copy(const std::string& from, const std::string& to) {
 }
 
 bool Disk_files::remove(const std::string& path) {
-  const fs::path target = find_path(listings_, path);
-  std::error_code fault;
-  if (fs::is_directory(fs::symlink_status(target, fault))) return false;
-  return fs::remove(target, fault) && !fault;
+  try {
+    return remove_file(find_path(listings_, path), gate_);
+  } catch (const std::system_error&) {
+    return false;
+  }
 }
 
 bool Disk_files::make_folder(const std::string& path) {
-  std::error_code ignored;
-  fs::create_directory(find_path(listings_, path), ignored);
+  try {
+    make_one_folder(find_path(listings_, path), gate_);
+  } catch (const std::system_error&) {  // it may be there all the same
+  }
   return folder_exists(path);
 }
 
@@ -123,6 +130,12 @@ std::int64_t Disk_files::time_stamp(const std::string& path) {
 
 std::string Disk_files::native_path(const std::string& path) {
   return path_text(find_path(listings_, path));
+}
+
+// A folder of the user's, outside of the project, is known by what is saved there alone.
+void Disk_files::sweep_once(const fs::path& folder) {
+  const std::lock_guard lock(sweeping_);
+  if (swept_.insert(folder).second) platform::remove_left_over(folder);
 }
 
 void Disk_files::remove_left_over(const std::string& folder) {

@@ -3,11 +3,16 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
+#include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "platform/disk_gate.h"
 #include "platform/file_names.h"
 
 namespace platform {
@@ -26,9 +31,10 @@ class Files {
     take(read_bytes(path));
   }
   // Replaces the whole file: a temporary file beside it, flushed, then renamed over it. File_failure leaves the old
-  // file as it was and no temporary file behind.
+  // file as it was and no temporary file behind; those that a killed program left in the folder go with the first
+  // write.
   virtual void write_whole(const std::string& path, std::string_view bytes) = 0;
-  // Adds at the end and flushes; makes the file when it is missing.
+  // Adds at the end and flushes; makes the file when it is missing. File_failure leaves the old file as it was.
   virtual void append(const std::string& path, std::string_view bytes) = 0;
   // Copies with the care of write_whole. File_failure when the source can't be read or the target not written.
   virtual void copy(const std::string& from, const std::string& to) = 0;
@@ -48,9 +54,10 @@ class Files {
   virtual void remove_left_over(const std::string&) {}
 };
 
-// The machine's own files.
+// The machine's own files. A gate is for tests that make steps fail: see disk_gate.h.
 class Disk_files : public Files {
  public:
+  explicit Disk_files(Disk_gate gate = {}) : gate_(std::move(gate)) {}
   std::int64_t length(const std::string& path) override;
   std::string read_bytes(const std::string& path) override;
   void read_pieces(const std::string& path, const std::function<bool(std::string_view)>& take) override;
@@ -66,7 +73,12 @@ class Disk_files : public Files {
   void remove_left_over(const std::string& folder) override;
 
  private:
+  void sweep_once(const std::filesystem::path& folder);
+
+  Disk_gate gate_;
   Folder_listings listings_;
+  std::mutex sweeping_;
+  std::set<std::filesystem::path> swept_;  // folders that were written to in this run
 };
 
 // `folder` + "\" + `name`, with one separator between them.

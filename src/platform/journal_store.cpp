@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "platform/failures.h"
@@ -75,6 +76,13 @@ void leftovers_remove(Journal_store& store) {
     store.files.remove(join_path(store.folder, name));
 }
 
+// An operation that a kill broke off may have left its temporary file beside any file that it was to write.
+void sweep(Files& files, const std::vector<Change>& changes) {
+  std::set<std::string> folders;
+  for (const Change& change : changes) folders.insert(change.path.substr(0, change.path.find_last_of("\\/") + 1));
+  for (const std::string& folder : folders) files.remove_left_over(folder);
+}
+
 void take_mark(Operation& operation, const Mark& mark) {
   switch (mark.kind) {
     case Mark_kind::ended:
@@ -139,6 +147,7 @@ void operations_read(Journal_store& store, const std::vector<Mark>& marks) {
         continue;
       }
       operation.changes = static_cast<std::uint32_t>(changes.size());
+      sweep(store.files, changes);
     }
     operation.bytes =
         static_cast<std::uint64_t>(store.files.length(path) + store.files.length(redo_path(store, number)));
@@ -233,7 +242,9 @@ bool undo_read(Journal_store& store, const Operation& operation, std::vector<Cha
   Operation_title title;
   const Journal_file read = read_undo(bytes_of(store.files, undo_path(store, operation.number)), title, changes);
   if (read == Journal_file::torn) return !operation.ended;
-  return read == Journal_file::whole && changes.size() == operation.changes;
+  if (read != Journal_file::whole) return false;
+  // What could not be flushed may stand there all the same.
+  return operation.ended ? changes.size() == operation.changes : changes.size() >= operation.changes;
 }
 
 bool redo_read(Journal_store& store, const Operation& operation, std::vector<Change>& changes) {

@@ -47,10 +47,14 @@ std::vector<std::string> read_lines(Files& files, const std::string& path) {
 }
 
 std::vector<Text_line> read_text_lines(Files& files, const std::string& path) {
+  return text_lines_of(content_or_nothing(files, path));
+}
+
+std::vector<Text_line> text_lines_of(std::string_view bytes) {
   std::vector<Text_line> lines;
-  each_line(content_or_nothing(files, path), [&](std::string_view bytes) {
+  each_line(bytes, [&](std::string_view encoded) {
     Text_line line;
-    line.text = decode_932(bytes, &line.unmapped);
+    line.text = decode_932(encoded, &line.unmapped);
     lines.push_back(std::move(line));
   });
   return lines;

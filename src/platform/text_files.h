@@ -22,6 +22,8 @@ struct Text_line {
 std::vector<std::string> read_lines(Files& files, const std::string& path);
 // The same with the bytes that have no character; for a file that is changed and saved again.
 std::vector<Text_line> read_text_lines(Files& files, const std::string& path);
+// The lines of bytes that were read already.
+std::vector<Text_line> text_lines_of(std::string_view bytes);
 
 // Reads a file of fixed line order: the meaning of a line is its position.
 class Line_reader {

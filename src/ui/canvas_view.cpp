@@ -13,7 +13,14 @@ namespace ui {
 
 namespace {
 
+constexpr double focus_ring = 2;    // logical pixels
 constexpr double wheel_step = 120;  // what the toolkit reports for one notch
+
+struct Arrow {
+  Qt::Key key;
+  int right, down;
+};
+constexpr Arrow arrows[] = {{Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
 
 int button_number(Qt::MouseButton button) {
   return button == Qt::RightButton ? 2 : 1;
@@ -121,6 +128,10 @@ void Canvas_view::paintEvent(QPaintEvent*) {
   painter.drawImage(QPointF(0, 0), painted_);
   painted_.setDevicePixelRatio(1);
   if (paint_overlay_) paint_overlay_(painter);
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), focus_ring));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(rect()).adjusted(focus_ring / 2, focus_ring / 2, -focus_ring / 2, -focus_ring / 2));
 }
 
 void Canvas_view::resizeEvent(QResizeEvent* event) {
@@ -178,6 +189,9 @@ void Canvas_view::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat()) setCursor(Qt::OpenHandCursor);
     return;
   }
+  if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier)
+    for (const Arrow& arrow : arrows)
+      if (event->key() == arrow.key) return emit arrow_pressed(arrow.right, arrow.down);
   QWidget::keyPressEvent(event);
 }
 

@@ -47,6 +47,7 @@ class Canvas_view : public QWidget {
   // A drag with the middle button, or with the space bar held: by so many twips since the last signal.
   void dragged_one_to_one(double dx, double dy);
   void wheel_turned(double steps, double x, double y);
+  void arrow_pressed(int right, int down);  // -1, 0 or 1
   void mouse_left();
   void measure_changed();
 

@@ -23,7 +23,10 @@ Folder_box::Folder_box(const QString& name, QWidget* parent)
   start_folder = [](const QString& text) { return text; };
   pick = [this](const QString& start) { return QFileDialog::getExistingDirectory(window(), title_, start); };
   connect(button_, &QPushButton::clicked, this, &Folder_box::browse);
-  connect(edit_, &QLineEdit::editingFinished, this, [this] { emit chosen(folder()); });
+  // A box also ends its editing when its window goes, and who listens may have gone before it.
+  connect(edit_, &QLineEdit::editingFinished, this, [this] {
+    if (isVisible()) emit chosen(folder());
+  });
 }
 
 QString Folder_box::folder() const {
@@ -36,7 +39,8 @@ void Folder_box::set_folder(const QString& folder) {
 
 void Folder_box::set_captions(const QString& browse, const QString& title) {
   button_->setText(browse);
-  button_->setAccessibleName(title);
+  button_->setAccessibleName(QString(browse).remove("...") + ": " + title);
+  if (edit_->accessibleName().isEmpty()) edit_->setAccessibleName(title);
   title_ = title;
 }
 

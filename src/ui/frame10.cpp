@@ -11,6 +11,7 @@
 #include "core/language.h"
 #include "drawing/picture_files.h"
 #include "platform/qt/qt_pictures.h"
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/toolkit_text.h"
 
@@ -34,9 +35,7 @@ Frame10_dialog::Frame10_dialog(session::Ports& ports, const core::Settings& sett
 }
 
 void Frame10_dialog::lay_out(bool japanese) {
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{japanese};
   setWindowTitle(either("画像保存", "Image File Save"));
   auto* column = new QVBoxLayout(this);
   auto* form = new QFormLayout;

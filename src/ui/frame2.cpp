@@ -73,6 +73,7 @@ QScrollArea* scrolled(QWidget* page) {
   area->setWidget(page);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);  // it scrolls to the box that has the keyboard
   return area;
 }
 
@@ -131,13 +132,13 @@ QWidget* Frame2_dialog::project_page() {
 QGroupBox* Frame2_dialog::project_group() {
   auto* frame = named(new QGroupBox, "Frame8");
   auto* form = form_in(frame);
-  auto* project = named(new Folder_box("Dir4", frame), "Dir4_box");
+  auto* project = named(new Folder_box("Dir4", nullptr), "Dir4_box");
   auto* stored = named(new QLineEdit, "Label11");
   stored->setReadOnly(true);
   stored->setFrame(false);
   stored->setFocusPolicy(Qt::ClickFocus);  // to be read and copied, passed over by the Tab key
-  QPalette plain = stored->palette();
-  plain.setColor(QPalette::Base, plain.color(QPalette::Window));
+  QPalette plain;
+  plain.setColor(QPalette::Base, Qt::transparent);
   stored->setPalette(plain);
   form->addRow(label_of(project, "Dir4"), project);
   form->addRow(label_of(stored, "Label11"), stored);
@@ -187,7 +188,7 @@ QGroupBox* Frame2_dialog::sheet_group() {
   auto* options = new QHBoxLayout;
   for (const char* name : {"Option5_0", "Option5_1"}) options->addWidget(named(new QRadioButton, name));
   options->addStretch(1);
-  auto* folder = named(new Folder_box("Dir10", frame), "Dir10_box");
+  auto* folder = named(new Folder_box("Dir10", nullptr), "Dir10_box");
   form->addRow(options);
   form->addRow(label_of(folder, "Dir10"), folder);
   return frame;
@@ -243,7 +244,7 @@ QGroupBox* Frame2_dialog::gps_group() {
 QGroupBox* Frame2_dialog::frame12_group() {
   auto* frame = named(new QGroupBox, "Frame12");
   auto* form = form_in(frame);
-  auto* folder = named(new Folder_box("Dir3", frame), "Dir3_box");
+  auto* folder = named(new Folder_box("Dir3", nullptr), "Dir3_box");
   form->addRow(label_of(folder, "Dir3"), folder);
   add_row(form, choice_box("File4", {}), "File4");
   for (int i = 0; i < 5; ++i) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPoint>
 
 #include <functional>
 #include <memory>
@@ -42,6 +43,8 @@ class Frame2_dialog : public QDialog {
   void closeEvent(QCloseEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
   // frame2.cpp: layout
@@ -82,6 +85,7 @@ class Frame2_dialog : public QDialog {
   platform::Journal* journal_ = nullptr;
   QString listed_folder_;      // the project folder whose files File11 shows
   bool frame_closed_ = false;  // the window's frame was used
+  QPoint held_at_;             // where the mouse took hold of the dialog
 };
 
 }  // namespace ui

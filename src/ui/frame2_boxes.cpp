@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -109,6 +110,7 @@ void Frame2_dialog::Language_set() {
   for (std::size_t i = 1; i < 5; ++i) findChild<QLineEdit*>(cell_name(i))->setPlaceholderText(cell_hint());
   for (auto* label : findChildren<QLabel*>())
     if (label->buddy()) label->buddy()->setAccessibleName(label->text().remove('&'));
+  findChild<QListWidget*>("File11")->setAccessibleName(findChild<QGroupBox*>("Frame17")->title());
   for (auto* box : findChildren<Folder_box*>()) {
     const QString title = box->accessibleName();
     box->edit()->setAccessibleName(title);
@@ -267,6 +269,15 @@ void Frame2_dialog::closeEvent(QCloseEvent* event) {
 void Frame2_dialog::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) boxes_out();
   QDialog::showEvent(event);
+}
+
+// The dialog is dragged over the map by any place that holds no box, not by its title alone.
+void Frame2_dialog::mousePressEvent(QMouseEvent* event) {
+  held_at_ = event->position().toPoint();
+}
+
+void Frame2_dialog::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons().testFlag(Qt::LeftButton)) move(pos() + event->position().toPoint() - held_at_);
 }
 
 // Enter in the name of a new folder or file makes it; elsewhere it saves.

@@ -102,6 +102,7 @@ void Frame6::lay_out() {
   area_->setWidgetResizable(true);
   area_->setFrameShape(QFrame::NoFrame);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area_->setFocusPolicy(Qt::NoFocus);  // it scrolls to the box that has the keyboard
   area_->setWidget(build_form());
   column->addWidget(area_, 1);
   echo_box_ = build_echo();
@@ -178,6 +179,9 @@ void Frame6::add_position(QFormLayout* form) {
   pick_ = named(new Wrap_button, "pick_position");
   pick_->setCheckable(true);
   form->addRow(pick_);
+  auto* move_hint = named(new QLabel, "move_hint");
+  move_hint->setWordWrap(true);
+  form->addRow(move_hint);
 }
 
 // In the order of the record's boxes: the tab key goes the same way.
@@ -197,6 +201,9 @@ void Frame6::add_plane(QFormLayout* form) {
   Label3_->setReadOnly(true);
   Label3_->setFrame(false);
   Label3_->setMinimumWidth(100);
+  QPalette plain;
+  plain.setColor(QPalette::Base, Qt::transparent);  // it is read, not filled in
+  Label3_->setPalette(plain);
   auto* picture = named(new QLabel, "label_picture");
   picture->setBuddy(Label3_);
   form->addRow(picture, Label3_);
@@ -214,7 +221,9 @@ void Frame6::add_mark(QVBoxLayout* column) {
   auto* label = named(new QLabel, "label_colour");
   label->setBuddy(mark_colour_->button());
   form->addRow(label, mark_colour_);
-  form->addRow(QString(), line_colour_);
+  auto* line_label = named(new QLabel, "label_line_colour");
+  line_label->setBuddy(line_colour_->button());
+  form->addRow(line_label, line_colour_);
   column->addLayout(form);
   auto* row = new QHBoxLayout;
   mark_preview_ = named(new Mark_preview(mark_side), "mark_preview");

@@ -111,7 +111,7 @@ void Frame6::lists_show() {
   list_show(Combo1_, boxes.Combo1_list.empty() ? to_list(core::mark_shapes(language)) : to_list(boxes.Combo1_list),
             boxes.Combo1);
   list_show(Combo3_, boxes.Combo3_list.empty() ? to_list(core::mark_sizes()) : to_list(boxes.Combo3_list),
-            boxes.Combo3);
+            boxes.Combo3.empty() ? core::mark_size_default : boxes.Combo3);
   list_show(Combo7_, to_list(core::target_kinds(language)), boxes.Combo7);
   list_show(Combo6_, to_list(session_.stratum_names), boxes.Combo6);
   list_show(Combo2_, to_list(boxes.Combo2_list), boxes.Combo2);
@@ -141,6 +141,8 @@ void Frame6::state_show() {
   title_->setText(is_open() ? to_toolkit(session_.entry.boxes.frame_title)
                             : either("地図を右クリックして「新規地点」か「変更」を選ぶと、ここに入力できます。",
                                      "Right-click the map and choose \"NewPosition\" or \"Change\" to fill this in."));
+  texts_[box_soukou]->setPlaceholderText(is_open() ? either("(入力例:N15W)", "(Example: N15W)") : QString());
+  texts_[box_keisha]->setPlaceholderText(is_open() ? either("(入力例：30E)", "(Example: 30E)") : QString());
   pick_->setChecked(session_.flags.point_mode == 1);
   const auto& schemes = session_.boxes.Option4;
   const QString scheme = schemes[2] ? either("手入力", "typed in")

@@ -18,6 +18,7 @@
 #include "ui/mark_preview.h"
 #include "ui/named.h"
 #include "ui/toolkit_text.h"
+#include "ui/warning_colour.h"
 
 namespace ui {
 
@@ -183,7 +184,7 @@ void Frame6::cells_out(const Entry_echo& echo) {
                            "head_lineation_dip", "echo_lineation_dip"})
     findChild<QLabel*>(name)->setVisible(!echo.lineation.empty() || !echo.lineation_dip.empty());
   const bool uncorrected = echo.correction == Correction::unknown;
-  const QString style = uncorrected ? "QLabel { color: #c62828; }" : "";
+  const QString style = uncorrected ? "QLabel { color: " + warning_colour(palette()).name() + "; }" : QString();
   for (const char* name :
        {"head_corrected", "echo_corrected", "echo_side_corrected", "echo_text_corrected", "echo_lineation_corrected",
         "echo_lineation_declination", "echo_declination", "echo_model"}) {

@@ -7,6 +7,7 @@
 
 #include "core/language.h"
 #include "ui/colour_button.h"
+#include "ui/either.h"
 #include "ui/frame6.h"
 #include "ui/mark_preview.h"
 #include "ui/toolkit_text.h"
@@ -59,12 +60,14 @@ constexpr Own_caption own_captions[] = {
     {"label_mark",       "Mark",                   "Mark"},
     {"label_size",       "Large",                  "Large"},
     {"label_colour",     "Color",                  "Color"},
+    {"label_line_colour", "線・囲み",              "Line"},
     {"label_memo",       "メモ",                   "Memo"},
     {"label_surface",    "地層面",                 "Surface"},
     {"heading_mark",     "記号",                   "Symbol"},
     {"heading_line",     "線・囲み",               "Line or enclosure"},
     {"heading_more",     "この地点の資料",         "More on this point"},
     {"pick_position",    "地図で位置を指定(&P)",   "&Pick the position on the map"},
+    {"move_hint",        "地点変更は右クリック",   "A right click changes the position"},
     {"Check1",           "同標高点繰り返し入力",   "Keep the height for new points"},
     {"Check7",           "境界に使用する",         "Use as a boundary"},
     {"Command1",         "入力シート登録",         "Input sheet"},
@@ -142,7 +145,7 @@ bool Frame6::japanese() const {
 }
 
 QString Frame6::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese() ? in_japanese : in_english);
+  return Either{japanese()}(in_japanese, in_english);
 }
 
 void Frame6::Language_set() {
@@ -152,8 +155,6 @@ void Frame6::Language_set() {
   for (const Own_caption& row : own_captions)
     caption_set(findChild<QWidget*>(row.object), either(row.japanese, row.english));
   for (const Own_caption& row : hints) hint_set(findChild<QWidget*>(row.object), either(row.japanese, row.english));
-  texts_[observations::box_soukou]->setPlaceholderText(either("(入力例:N15W)", "(Example: N15W)"));
-  texts_[observations::box_keisha]->setPlaceholderText(either("(入力例：30E)", "(Example: 30E)"));
   for (QComboBox* combo : {Combo2_, Combo6_, Combo7_}) combo->lineEdit()->setAccessibleName(combo->accessibleName());
   mark_colour_->set_captions("Select", either("記号の色", "Colour of the mark"));
   line_colour_->set_captions(to_toolkit(core::caption_of(session_.settings, "Command8")),

@@ -11,8 +11,10 @@
 #include "core/language.h"
 #include "core/project_settings.h"
 #include "platform/failures.h"
+#include "ui/either.h"
 #include "ui/sheet_grid.h"
 #include "ui/toolkit_text.h"
+#include "ui/window_size.h"
 
 namespace ui {
 
@@ -41,20 +43,19 @@ Frm_chikeizu_sentaku::Frm_chikeizu_sentaku(session::Session& session, session::P
   connect_all();
   grid_->measure();
   grid_->mark(session.current_sheet);
-  resize(first_size);
+  resize(size_on_screen(*this, first_size));
 }
 
 void Frm_chikeizu_sentaku::lay_out(bool japanese) {
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{japanese};
   setWindowTitle(either("図葉の選択", "Choose a sheet"));
   auto* column = new QVBoxLayout(this);
   grid_ = new Sheet_grid(index_);
   grid_->setAccessibleName(either("図葉の配置", "Grid of sheets"));
   column->addWidget(grid_, 1);
   told_ = new QLabel(index_.sheet_count > 0
-                         ? either("図葉をクリックすると地図を開きます。", "Click a sheet to open its map.")
+                         ? either("図葉をクリックするか、矢印キーとEnterで選ぶと地図を開きます。",
+                                  "Click a sheet, or choose it with the arrow keys and Enter, to open its map.")
                          : either("地図フォルダに図葉がありません。", "The map folder holds no sheet."));
   told_->setObjectName("told");
   column->addWidget(told_);
@@ -95,7 +96,7 @@ void Frm_chikeizu_sentaku::connect_all() {
   connect(findChild<QPushButton*>("Command2"), &QPushButton::clicked, this, &QDialog::reject);
   connect(grid_, &Sheet_grid::sheet_chosen, this, &Frm_chikeizu_sentaku::choose);
   connect(grid_, &Sheet_grid::sheet_hovered, this, [this](int row) {
-    if (row > 0) told_->setText(to_toolkit(index_.sheets[row].name + "  " + index_.sheets[row].stem));
+    if (row > 0) told_->setText(grid_->told(row));
   });
 }
 

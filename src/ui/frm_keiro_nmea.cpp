@@ -12,6 +12,7 @@
 
 #include "core/language.h"
 #include "exchange/shape_export.h"
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/guard.h"
 #include "ui/text_box.h"
@@ -32,7 +33,7 @@ Frm_keiroNMEA::Frm_keiroNMEA(session::Session& session, session::Ports& ports, Q
 }
 
 QString Frm_keiroNMEA::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese_ ? in_japanese : in_english);
+  return Either{japanese_}(in_japanese, in_english);
 }
 
 void Frm_keiroNMEA::lay_out() {

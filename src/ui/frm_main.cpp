@@ -19,11 +19,14 @@
 #include "core/session/gps_follow.h"
 #include "core/session/start_up.h"
 #include "platform/qt/qt_serial_port.h"
+#include "ui/accessible_roles.h"
 #include "ui/canvas_view.h"
+#include "ui/either.h"
 #include "ui/frame6.h"
 #include "ui/gps_state.h"
 #include "ui/guard.h"
 #include "ui/icons.h"
+#include "ui/map_bar.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -42,6 +45,7 @@ QLabel* add_panel(QStatusBar* bar, const char* name, const QString& widest) {
 
 Frm_main::Frm_main(session::Session& session, session::Ports& ports) : session_(session), ports_(ports) {
   setObjectName("frm_main");
+  use_accessible_roles();
   setWindowIcon(make_icon(Icon::program));
   build_window();
   build_menus();
@@ -62,9 +66,9 @@ void Frm_main::build_window() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);
   canvas_ = new Canvas_view;
-  HScroll1_ = new QScrollBar(Qt::Horizontal);
+  HScroll1_ = new Map_bar(Qt::Horizontal);
   HScroll1_->setObjectName("HScroll1");
-  VScroll1_ = new QScrollBar(Qt::Vertical);
+  VScroll1_ = new Map_bar(Qt::Vertical);
   VScroll1_->setObjectName("VScroll1");
   grid->addWidget(canvas_, 0, 0);
   grid->addWidget(VScroll1_, 0, 1);
@@ -101,6 +105,7 @@ void Frm_main::build_status_bar() {
   status_latitude_ = add_panel(bar, "status_latitude", "N 00°00'00.00\"");
   status_longitude_ = add_panel(bar, "status_longitude", "E 000°00'00.00\"");
   gps_sheet_ = add_panel(bar, "Label16", "53394500");
+  gps_sheet_->hide();  // until the receiver tells it: the hint of the tool has the room
   gps_state_ = new Gps_state;
   gps_state_->setObjectName("status_gps");
   bar->addPermanentWidget(gps_state_);
@@ -157,7 +162,7 @@ bool Frm_main::japanese() const {
 }
 
 QString Frm_main::either(const char* japanese_text, const char* english_text) const {
-  return QString::fromUtf8(japanese() ? japanese_text : english_text);
+  return Either{japanese()}(japanese_text, english_text);
 }
 
 // The return from a message is no return from a dialog: a message of the activation itself would come up for ever.

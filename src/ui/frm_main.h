@@ -73,10 +73,14 @@ class Frm_main : public QMainWindow {
 
   // frm_main_menus.cpp
   void build_menus();
+  void build_file_menu();
   void build_edit_menu();
+  void build_tool_menu();
   void build_view_menu();
+  void connect_menu_keys();
   void build_tool_bar();
   QAction* add_action(QMenu* menu, const char* name, bool ready);
+  QMenu* add_menu(const char* name);
   QToolButton* add_tool(class QToolBar* bar, const char* name, int icon);
 
   // frm_main_tabs.cpp
@@ -89,6 +93,7 @@ class Frm_main : public QMainWindow {
 
   // frm_main_sheets.cpp
   QWidget* build_sheet_list();
+  void connect_sheet_list();
   void activate();
   void follow_registry();
   void show_sheet_list();
@@ -115,7 +120,7 @@ class Frm_main : public QMainWindow {
   void start_zoom_box();
   void start_section_line();
   void end_tool();
-  void move_by(double dx, double dy);
+  void step_view(int right, int down);
   void bars_to_widgets();
   void bar_moved();
   void show_tool();
@@ -161,6 +166,7 @@ class Frm_main : public QMainWindow {
   void apply_design_captions();
   void apply_captions();
   void apply_own_texts();
+  void apply_hints();
   void set_table_caption(const core::Caption_set& caption);
   void set_caption(const QString& object, const QString& text);
 

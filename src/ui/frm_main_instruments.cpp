@@ -6,7 +6,7 @@
 #include <QToolButton>
 
 #include "core/session/gps_follow.h"
-#include "core/session/sheet.h"
+#include "core/session/redraw.h"
 #include "platform/qt/qt_serial_port.h"
 #include "ui/canvas_view.h"
 #include "ui/frm_keiro.h"
@@ -31,10 +31,7 @@ void Frm_main::connect_instruments() {
 
 // The routes and the registry are read again, and all of the map is drawn.
 void Frm_main::project_changed() {
-  guarded([this] {
-    if (session_.sheet_shown()) session::registry_r(session_, ports_);
-    show(Redraw::all);
-  });
+  perform([this] { return session::re_gamen(session_, ports_); });
   records_changed();
 }
 
@@ -89,6 +86,7 @@ void Frm_main::switch_gps() {
       Timer2_->stop();
       session::gps_stop(session_, *MSComm1_);
       gps_sheet_->clear();
+      gps_sheet_->hide();
       show_project();
     } else {
       session::gps_start(session_, ports_, *MSComm1_);
@@ -107,6 +105,7 @@ void Frm_main::gps_tick() {
       gps_sheet_->setText(followed.outside && followed.Label16.empty()
                               ? QString::fromUtf8(japanese() ? "範囲外" : "Outside all sheets")
                               : to_toolkit(followed.Label16));
+      gps_sheet_->setVisible(!gps_sheet_->text().isEmpty());
       shown_folder_->setText(to_toolkit(followed.data_path));
     }
     if (followed.row >= 0) {

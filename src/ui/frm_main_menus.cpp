@@ -3,26 +3,45 @@
 #include <QListView>
 #include <QMenuBar>
 #include <QShortcut>
-#include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 #include "core/session/start_up.h"
 #include "ui/frm_main.h"
 #include "ui/icons.h"
+#include "ui/tool_bar.h"
 
 namespace ui {
 
-// An entry of a menu; one whose work is not there yet stands disabled in its place.
+// An entry of a menu; one whose work is not there yet stands disabled in its place, and its tool tip tells so.
 QAction* Frm_main::add_action(QMenu* menu, const char* name, bool ready) {
   QAction* const action = menu->addAction(QString());
   action->setObjectName(name);
   action->setEnabled(ready);
+  action->setProperty("to_come", !ready);
   return action;
 }
 
+QMenu* Frm_main::add_menu(const char* name) {
+  QMenu* const menu = menuBar()->addMenu(QString());
+  menu->setObjectName(name);
+  menu->setToolTipsVisible(true);
+  return menu;
+}
+
 void Frm_main::build_menus() {
-  QMenu* const file = menuBar()->addMenu(QString());
-  file->setObjectName("menu_file");
+  build_file_menu();
+  build_edit_menu();
+  build_tool_menu();
+  QMenu* const solid = add_menu("menu_3D");
+  for (const char* name : {"menu_3D_make", "menu_souzyo"}) add_action(solid, name, false);
+  build_view_menu();
+  connect_menu_keys();
+}
+
+void Frm_main::build_file_menu() {
+  QMenu* const file = add_menu("menu_file");
   connect(add_action(file, "menu_settei", true), &QAction::triggered, this, &Frm_main::open_settings);
   file->addSeparator();
   connect(add_action(file, "menu_web_henkann", true), &QAction::triggered, this,
@@ -47,10 +66,10 @@ void Frm_main::build_menus() {
   QAction* const end = add_action(file, "menu_end", true);
   end->setShortcut(QKeySequence::Quit);
   connect(end, &QAction::triggered, this, [this] { close(); });
+}
 
-  build_edit_menu();
-  QMenu* const tool = menuBar()->addMenu(QString());
-  tool->setObjectName("menu_tool");
+void Frm_main::build_tool_menu() {
+  QMenu* const tool = add_menu("menu_tool");
   const auto add = [&](const char* name, auto procedure) {
     QAction* const action = add_action(tool, name, true);
     connect(action, &QAction::triggered, this, procedure);
@@ -65,20 +84,14 @@ void Frm_main::build_menus() {
   gps->setShortcut(QKeySequence("Ctrl+G"));
   add("gps_data_out", [this] { open_replay(); });
   add_action(tool, "menu_bor_touroku", false);
-  connect(add_action(tool, "shape_make", true), &QAction::triggered, this, [this] { open_shape_make(); });
+  add("shape_make", [this] { open_shape_make(); });
   tool->addSeparator();
   for (const char* name : {"menu_bunkatu", "menu_PDAbunkatu", "menu_PDAkiridasi", "menu_PDA", "mnu_Trailbook"})
     add_action(tool, name, false);
-
-  QMenu* const solid = menuBar()->addMenu(QString());
-  solid->setObjectName("menu_3D");
-  for (const char* name : {"menu_3D_make", "menu_souzyo"}) add_action(solid, name, false);
-  build_view_menu();
 }
 
 void Frm_main::build_edit_menu() {
-  QMenu* const edit = menuBar()->addMenu(QString());
-  edit->setObjectName("menu_edit");
+  QMenu* const edit = add_menu("menu_edit");
   const auto add = [&](const char* name, const QList<QKeySequence>& keys, auto procedure) {
     QAction* const action = add_action(edit, name, true);
     action->setShortcuts(keys);
@@ -96,8 +109,7 @@ void Frm_main::build_edit_menu() {
 }
 
 void Frm_main::build_view_menu() {
-  QMenu* const view = menuBar()->addMenu(QString());
-  view->setObjectName("menu_view");
+  QMenu* const view = add_menu("menu_view");
   const auto add = [&](const char* name, const QList<QKeySequence>& keys, auto procedure) {
     QAction* const action = add_action(view, name, true);
     action->setProperty("needs_sheet", true);
@@ -110,12 +122,10 @@ void Frm_main::build_view_menu() {
   add("view_zoom_box", {QKeySequence("Ctrl+R")}, [this] { start_zoom_box(); });
   add("view_section", {QKeySequence("Ctrl+L")}, [this] { start_section_line(); });
   view->addSeparator();
-  // A fifth of the window at a press of an arrow key.
-  constexpr double fifth = 0.2;
-  add("view_left", {QKeySequence("Ctrl+Left")}, [this] { move_by(fifth, 0); });
-  add("view_right", {QKeySequence("Ctrl+Right")}, [this] { move_by(-fifth, 0); });
-  add("view_up", {QKeySequence("Ctrl+Up")}, [this] { move_by(0, fifth); });
-  add("view_down", {QKeySequence("Ctrl+Down")}, [this] { move_by(0, -fifth); });
+  add("view_left", {QKeySequence("Ctrl+Left")}, [this] { step_view(-1, 0); });
+  add("view_right", {QKeySequence("Ctrl+Right")}, [this] { step_view(1, 0); });
+  add("view_up", {QKeySequence("Ctrl+Up")}, [this] { step_view(0, -1); });
+  add("view_down", {QKeySequence("Ctrl+Down")}, [this] { step_view(0, 1); });
   view->addSeparator();
   QAction* const list = add_action(view, "view_sheet_list", true);
   list->setShortcut(QKeySequence("Ctrl+M"));
@@ -123,7 +133,10 @@ void Frm_main::build_view_menu() {
   QAction* const index = add_action(view, "view_sheet_index", true);
   index->setShortcut(QKeySequence("Ctrl+I"));
   connect(index, &QAction::triggered, this, &Frm_main::open_sheet_index);
-  // The menus' captions have no mnemonics of their own.
+}
+
+// The menus' captions have no mnemonics of their own. As with those, the menu comes up with its first entry marked.
+void Frm_main::connect_menu_keys() {
   for (const auto& [keys, name] : {std::pair{"Alt+F", "menu_file"},
                                    {"F10", "menu_file"},
                                    {"Alt+E", "menu_edit"},
@@ -131,7 +144,13 @@ void Frm_main::build_view_menu() {
                                    {"Alt+3", "menu_3D"},
                                    {"Alt+V", "menu_view"}})
     connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this,
-            [this, menu = findChild<QMenu*>(name)] { menuBar()->setActiveAction(menu->menuAction()); });
+            [this, menu = findChild<QMenu*>(name)] {
+              menuBar()->setActiveAction(menu->menuAction());
+              const QList<QAction*> entries = menu->actions();
+              const auto usable =
+                  std::find_if(entries.begin(), entries.end(), [](const QAction* entry) { return entry->isEnabled(); });
+              if (usable != entries.end()) menu->setActiveAction(*usable);
+            });
   auto* escape = new QShortcut(Qt::Key_Escape, this);
   connect(escape, &QShortcut::activated, this, &Frm_main::end_tool);
 }
@@ -148,7 +167,8 @@ QToolButton* Frm_main::add_tool(QToolBar* bar, const char* name, int icon) {
 }
 
 void Frm_main::build_tool_bar() {
-  QToolBar* const bar = addToolBar(QString());
+  auto* const bar = new Tool_bar;
+  addToolBar(bar);
   bar->setObjectName("tools");
   bar->setMovable(false);
   bar->setIconSize({22, 22});

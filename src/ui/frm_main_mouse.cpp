@@ -40,6 +40,9 @@ void Frm_main::connect_canvas() {
   connect(canvas_, &Canvas_view::wheel_turned, this, &Frm_main::wheel_turned);
   connect(canvas_, &Canvas_view::dragged_one_to_one, this,
           [this](double dx, double dy) { perform([&] { return session::pan_one_to_one(session_, dx, dy); }); });
+  connect(canvas_, &Canvas_view::arrow_pressed, this, [this](int right, int down) {
+    if (session_.sheet_shown()) step_view(right, down);
+  });
   connect(canvas_, &Canvas_view::mouse_left, this, [this] {
     for (QLabel* panel : {status_x_, status_y_, status_latitude_, status_longitude_}) panel->clear();
   });
@@ -123,9 +126,12 @@ void Frm_main::end_tool() {
   show_tool();
 }
 
-// Moves the picture by a part of the window; positive to the right and down.
-void Frm_main::move_by(double dx, double dy) {
-  perform([&] { return session::pan_one_to_one(session_, dx * session_.canvas.width, dy * session_.canvas.height); });
+// The view goes by a fifth of the window: the picture goes the other way.
+void Frm_main::step_view(int right, int down) {
+  constexpr double fifth = 0.2;
+  const maps::Canvas& canvas = session_.canvas;
+  perform(
+      [&] { return session::pan_one_to_one(session_, -right * fifth * canvas.width, -down * fifth * canvas.height); });
 }
 
 void Frm_main::bars_to_widgets() {

@@ -87,10 +87,15 @@ QWidget* Frm_main::build_sheet_list() {
   grid->addWidget(List2_, 2, 1);
   grid->setColumnStretch(0, 3);
   grid->setColumnStretch(1, 2);
+  connect_sheet_list();
+  return panel;
+}
+
+void Frm_main::connect_sheet_list() {
   list_delay_ = new QTimer(this);
+  list_delay_->setObjectName("list_delay");
   list_delay_->setSingleShot(true);
   list_delay_->setInterval(rest_of_keys);
-
   connect(List1_->verticalScrollBar(), &QScrollBar::valueChanged, List2_->verticalScrollBar(), &QScrollBar::setValue);
   connect(List2_->verticalScrollBar(), &QScrollBar::valueChanged, List1_->verticalScrollBar(), &QScrollBar::setValue);
   for (QListView* list : {List1_, List2_}) {
@@ -108,7 +113,6 @@ QWidget* Frm_main::build_sheet_list() {
     filling_ = false;
   });
   connect(list_filter_, &QLineEdit::returnPressed, this, &Frm_main::open_first_found);
-  return panel;
 }
 
 void Frm_main::start() {

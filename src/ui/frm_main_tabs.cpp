@@ -37,6 +37,7 @@ QWidget* scrolling(QWidget* frame) {
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFocusPolicy(Qt::NoFocus);  // it scrolls to the control that has the keyboard
   area->setWidget(frame);
   return area;
 }

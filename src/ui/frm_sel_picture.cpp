@@ -33,6 +33,9 @@ using observations::Taken;
 constexpr int small_side = 104;  // logical pixels
 constexpr int preview_side = 1600;
 
+const platform::Message not_stored{"枠に入れたものがまだ登録されていません。登録しますか。",
+                                   "What the places hold isn't stored yet. Do you want to store it?"};
+
 // The wait cursor as long as this lives.
 struct Waiting {
   Waiting() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -131,7 +134,7 @@ void Frm_sel_picture::connect_all() {
   connect(photos_, &QPushButton::clicked, this, &Frm_sel_picture::photo_read);
   connect(open_text_, &QPushButton::clicked, this, &Frm_sel_picture::Command7);
   connect(store_, &QPushButton::clicked, this, &Frm_sel_picture::Command5);
-  connect(close_, &QPushButton::clicked, this, &QDialog::reject);
+  connect(close_, &QPushButton::clicked, this, &Frm_sel_picture::reject);
 }
 
 observations::Picture_context Frm_sel_picture::context() {
@@ -425,6 +428,24 @@ void Frm_sel_picture::Command5() {
   if (!stored) return;
   preview({});
   emit registered();
+}
+
+bool Frm_sel_picture::holds_something() const {
+  return std::any_of(boxes_.places.begin(), boxes_.places.end(),
+                     [](const observations::Picture_place& place) { return !place.path.empty(); });
+}
+
+// What was put into the places and isn't stored would go with the window. A word that is neither language has no
+// messages: nobody could answer then.
+void Frm_sel_picture::reject() {
+  const bool can_ask = japanese_ || session_.settings.language == "English";
+  if (can_ask && holds_something()) {
+    const platform::Answer answer = ports_.prompts.yes_no_cancel(not_stored);
+    if (answer == platform::Answer::cancel) return;
+    if (answer == platform::Answer::yes) Command5();
+    if (answer == platform::Answer::yes && holds_something()) return;  // it couldn't be stored
+  }
+  QDialog::reject();
 }
 
 void Frm_sel_picture::Command7() {

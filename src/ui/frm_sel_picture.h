@@ -41,6 +41,7 @@ class Frm_sel_picture : public QDialog {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void reject() override;
 
  private:
   static constexpr int places = observations::picture_places;
@@ -64,7 +65,6 @@ class Frm_sel_picture : public QDialog {
   QPushButton* add_button(QBoxLayout* row, const char* name, const QString& caption, const QString& hint);
   Folder_box* add_folder(const char* name, const QString& caption, const QString& hint);
   QString either(const char* in_japanese, const char* in_english) const;
-  void order_tabs();
 
   // frm_sel_picture.cpp
   void connect_all();
@@ -96,6 +96,7 @@ class Frm_sel_picture : public QDialog {
   void play();
   void Command5();
   void Command7();
+  bool holds_something() const;
   void photo_read();
 
   session::Session& session_;

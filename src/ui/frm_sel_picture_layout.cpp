@@ -9,11 +9,13 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/frm_sel_picture.h"
 #include "ui/picture_view.h"
 #include "ui/text_box.h"
 #include "ui/toolkit_text.h"
+#include "ui/window_size.h"
 
 namespace ui {
 
@@ -29,7 +31,7 @@ constexpr int text_lines = 4;
 }  // namespace
 
 QString Frm_sel_picture::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese_ ? in_japanese : in_english);
+  return Either{japanese_}(in_japanese, in_english);
 }
 
 void Frm_sel_picture::lay_out() {
@@ -42,8 +44,7 @@ void Frm_sel_picture::lay_out() {
   row->addWidget(build_point(), 4);
   column->addLayout(row, 1);
   column->addLayout(build_end());
-  order_tabs();
-  resize(first_size);
+  resize(size_on_screen(*this, first_size));
 }
 
 QPushButton* Frm_sel_picture::add_button(QBoxLayout* row, const char* name, const QString& caption,
@@ -241,35 +242,6 @@ QBoxLayout* Frm_sel_picture::build_end() {
                              "Stores what the places hold with this point. (Ctrl+S)"));
   close_ = add_button(row, "close", either("閉じる", "Close"), either("閉じる (Esc)", "Close (Esc)"));
   return row;
-}
-
-void Frm_sel_picture::order_tabs() {
-  const std::array<QWidget*, 23> order{Dir1_->edit(),
-                                       Dir1_->findChild<QPushButton*>(),
-                                       File1_,
-                                       take_buttons_[0],
-                                       take_buttons_[1],
-                                       take_buttons_[2],
-                                       photos_,
-                                       rotate_left_,
-                                       rotate_right_,
-                                       play_,
-                                       place_buttons_[0],
-                                       place_buttons_[1],
-                                       place_buttons_[2],
-                                       empty_,
-                                       points_,
-                                       Text1_,
-                                       Text2_,
-                                       Text3_,
-                                       Dir2_->edit(),
-                                       File2_,
-                                       remove_,
-                                       text_,
-                                       open_text_};
-  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
-  setTabOrder(open_text_, store_);
-  setTabOrder(store_, close_);
 }
 
 }  // namespace ui

@@ -12,6 +12,7 @@
 
 #include "core/language.h"
 #include "exchange/shape_list.h"
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/guard.h"
 #include "ui/shape_parts.h"
@@ -19,14 +20,6 @@
 #include "ui/toolkit_text.h"
 
 namespace ui {
-
-namespace {
-
-QString either(bool japanese, const char* in_japanese, const char* in_english) {
-  return QString::fromUtf8(japanese ? in_japanese : in_english);
-}
-
-}  // namespace
 
 Frm_Shape::Frm_Shape(const core::Settings& settings, session::Ports& ports, platform::Clock& clock, QWidget* parent)
     : QDialog(parent), settings_(settings), ports_(ports), clock_(clock) {
@@ -40,14 +33,15 @@ Frm_Shape::Frm_Shape(const core::Settings& settings, session::Ports& ports, plat
 }
 
 void Frm_Shape::lay_out(bool japanese) {
-  setWindowTitle(either(japanese, "Shapeファイル作成", "Make Shapefile"));
+  const Either either{japanese};
+  setWindowTitle(either("Shapeファイル作成", "Make Shapefile"));
   auto* column = new QVBoxLayout(this);
   auto* form = new QFormLayout;
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   add_place(form, japanese);
   column->addLayout(form);
   Check1_ = add_second_set(column, japanese);
-  told_ = new QLabel(either(japanese, "作成する図形がありません。", "There is no drawn shape to write."));
+  told_ = new QLabel(either("作成する図形がありません。", "There is no drawn shape to write."));
   told_->setObjectName("told");
   const bool empty = ports_.files.length(exchange::tmp_path(settings_.program_path)) == 0;
   told_->setVisible(empty);
@@ -59,38 +53,38 @@ void Frm_Shape::lay_out(bool japanese) {
 }
 
 void Frm_Shape::add_place(QFormLayout* form, bool japanese) {
+  const Either either{japanese};
   Text1_ = new QLineEdit;
   Text1_->setObjectName("Text1");
-  Text1_->setAccessibleName(either(japanese, "名前", "Name"));
+  Text1_->setAccessibleName(either("名前", "Name"));
   Text1_->setMinimumWidth(320);
   text_box_watch(Text1_);
   text_box_hint(Text1_, japanese,
-                either(japanese, "ファイル名。拡張子は付けません。", "Name of the files, without an extension."));
-  form->addRow(either(japanese, "名前(&N)", "&Name"), Text1_);
+                either("ファイル名。拡張子は付けません。", "Name of the files, without an extension."));
+  form->addRow(either("名前(&N)", "&Name"), Text1_);
 
   Drive1_ = new QComboBox;
   Drive1_->setObjectName("Drive1");
-  Drive1_->setAccessibleName(either(japanese, "ドライブ", "Drive"));
-  Drive1_->setToolTip(either(japanese, "保存先のドライブ", "Drive to save to"));
+  Drive1_->setAccessibleName(either("ドライブ", "Drive"));
+  Drive1_->setToolTip(either("保存先のドライブ", "Drive to save to"));
   for (const QFileInfo& drive : QDir::drives())
     Drive1_->addItem(to_toolkit(exchange::drive_of(from_toolkit(drive.absolutePath()))), drive.absolutePath());
-  form->addRow(either(japanese, "ドライブ(&D)", "&Drive"), Drive1_);
+  form->addRow(either("ドライブ(&D)", "&Drive"), Drive1_);
   // A machine whose paths have no drives has nothing to choose here.
   if (Drive1_->count() < 2) form->setRowVisible(Drive1_, false);
 
-  Dir1_ = new Folder_box("Dir1", this);
-  Dir1_->set_captions(either(japanese, "参照...", "Browse..."),
-                      either(japanese, "保存先のフォルダ", "Folder to save to"));
+  Dir1_ = new Folder_box("Dir1", nullptr);
+  Dir1_->set_captions(either("参照...", "Browse..."), either("保存先のフォルダ", "Folder to save to"));
   for (QWidget* box : {static_cast<QWidget*>(Dir1_), static_cast<QWidget*>(Dir1_->edit())})
-    box->setAccessibleName(either(japanese, "フォルダ", "Folder"));
+    box->setAccessibleName(either("フォルダ", "Folder"));
   Dir1_->start_folder = [this](const QString& text) {
     return to_toolkit(ports_.files.native_path(from_toolkit(text)));
   };
   text_box_watch(Dir1_->edit());
   text_box_hint(Dir1_->edit(), japanese,
-                either(japanese, "保存先のフォルダ。次回もここから始まります。",
+                either("保存先のフォルダ。次回もここから始まります。",
                        "Folder to save to. The dialog begins here the next time."));
-  form->addRow(either(japanese, "フォルダ(&F)", "&Folder"), Dir1_);
+  form->addRow(either("フォルダ(&F)", "&Folder"), Dir1_);
 }
 
 void Frm_Shape::connect_all() {

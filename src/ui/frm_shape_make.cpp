@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/language.h"
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/guard.h"
 #include "ui/shape_parts.h"
@@ -26,9 +27,7 @@ Frm_ShapeMake::Frm_ShapeMake(const core::Settings& settings, session::Ports& por
 }
 
 void Frm_ShapeMake::lay_out(bool japanese) {
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{japanese};
   setWindowTitle(either("テキストからShapeファイル作成", "Make Shapefile from Text"));
   auto* column = new QVBoxLayout(this);
   auto* form = new QFormLayout;

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/language.h"
+#include "ui/either.h"
 #include "ui/guard.h"
 #include "ui/toolkit_text.h"
 
@@ -32,7 +33,7 @@ Gps_data_out::~Gps_data_out() {
 }
 
 QString Gps_data_out::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese_ ? in_japanese : in_english);
+  return Either{japanese_}(in_japanese, in_english);
 }
 
 void Gps_data_out::lay_out() {

@@ -7,7 +7,7 @@
 #include "observations/marks.h"
 #include "observations/record_line.h"
 #include "observations/true_north.h"
-#include "platform/digits.h"
+#include "platform/natural_order.h"
 #include "platform/numbers.h"
 #include "platform/text_case.h"
 
@@ -18,7 +18,6 @@ namespace {
 using observations::Correction;
 using observations::Reading;
 using observations::Record;
-using platform::is_digit;
 
 constexpr double units_per_degree = 100'000;
 constexpr int lineation = 2;  // place of 線構造 among the measured objects
@@ -187,37 +186,10 @@ int order_of(const T& a, const T& b) {
   return a < b ? -1 : a > b ? 1 : 0;
 }
 
-// Takes the digits that stand at the front of a text off it and gives them without their zeros in front.
-std::string_view taken_digits(std::string_view& text) {
-  std::size_t end = 0;
-  while (end < text.size() && is_digit(text[end])) ++end;
-  std::string_view digits = text.substr(0, end);
-  text.remove_prefix(end);
-  digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
-  return digits;
-}
-
-int order_of_folded(std::string_view a, std::string_view b) {
-  while (!a.empty() && !b.empty()) {
-    if (is_digit(a.front()) && is_digit(b.front())) {
-      const std::string_view x = taken_digits(a);
-      const std::string_view y = taken_digits(b);
-      if (const int order = order_of(x.size(), y.size())) return order;
-      if (const int order = order_of(x, y)) return order;
-      continue;
-    }
-    if (const int order = order_of(static_cast<unsigned char>(a.front()), static_cast<unsigned char>(b.front())))
-      return order;
-    a.remove_prefix(1);
-    b.remove_prefix(1);
-  }
-  return order_of(a.size(), b.size());
-}
-
 int order_of_keys(const Sort_key& a, const Sort_key& b) {
   if (const int order = order_of(a.geographic, b.geographic)) return order;
   if (const int order = order_of(a.number, b.number)) return order;
-  return order_of_folded(a.text, b.text);
+  return platform::natural_order(a.text, b.text);
 }
 
 Listed listed_of(const Record& record, std::optional<double> declination, int touroku, bool japanese) {
@@ -283,7 +255,7 @@ void sort_records(const Observation_list& list, int column, bool descending, std
 }
 
 int natural_order(std::string_view a, std::string_view b) {
-  return order_of_folded(platform::fold_case(a), platform::fold_case(b));
+  return platform::natural_order(platform::fold_case(a), platform::fold_case(b));
 }
 
 std::string identity_of(const Record& record) {

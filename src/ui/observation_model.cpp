@@ -1,6 +1,7 @@
 #include "ui/observation_model.h"
 
 #include <QColor>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
@@ -12,7 +13,9 @@
 #include "core/language.h"
 #include "observations/marks.h"
 #include "platform/numbers.h"
+#include "ui/either.h"
 #include "ui/toolkit_text.h"
+#include "ui/warning_colour.h"
 
 namespace ui {
 
@@ -101,10 +104,6 @@ const Column_text& text_of(int column) {
 
 int alignment_of(int column) {
   return int(text_of(column).number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-}
-
-QString either(bool japanese, const char* in_japanese, const char* in_english) {
-  return QString::fromUtf8(japanese ? in_japanese : in_english);
 }
 
 int component(double value) {
@@ -218,7 +217,7 @@ QVariant Observation_model::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return alignment_of(column);
     case Qt::ForegroundRole:
-      if (is_uncorrected(touroku, column)) return QColor(0xb7, 0x1c, 0x1c);  // red as on the map
+      if (is_uncorrected(touroku, column)) return warning_colour(QGuiApplication::palette());
       return {};
     case Qt::DecorationRole:
       if (column == column_size) return swatch(colour_of(listed(touroku).record));
@@ -230,10 +229,10 @@ QVariant Observation_model::data(const QModelIndex& index, int role) const {
 
 QVariant Observation_model::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= list_columns) return {};
-  const bool japanese = core::is_japanese(session_.settings.language);
+  const Either either{core::is_japanese(session_.settings.language)};
   const Column_text& text = text_of(section);
-  if (role == Qt::DisplayRole) return either(japanese, text.japanese, text.english);
-  if (role == Qt::ToolTipRole) return either(japanese, text.japanese_hint, text.english_hint);
+  if (role == Qt::DisplayRole) return either(text.japanese, text.english);
+  if (role == Qt::ToolTipRole) return either(text.japanese_hint, text.english_hint);
   if (role == Qt::TextAlignmentRole) return alignment_of(section);
   return {};
 }
@@ -245,24 +244,23 @@ bool Observation_model::is_uncorrected(int touroku, int column) const {
 // The stored value where the cell shows another form, the whole text otherwise, for a column that is too narrow for it.
 QString Observation_model::tool_tip(int touroku, int column) const {
   const Record& record = listed(touroku).record;
-  const bool japanese = list_.japanese;
-  const auto stored = [japanese](double value) {
-    return either(japanese, "登録値: ", "Stored: ") + to_toolkit(platform::format_number(value, "######0.#0"));
+  const Either either{list_.japanese};
+  const auto stored = [either](double value) {
+    return either("登録値: ", "Stored: ") + to_toolkit(platform::format_number(value, "######0.#0"));
   };
   if (column == column_X) return stored(record.X);
   if (column == column_Y) return stored(record.Y);
   if (column == column_corrected && !record.decl_flag2.empty())
-    return either(japanese, "計測器に偏角が設定されていました。", "A declination was set in the instrument.");
+    return either("計測器に偏角が設定されていました。", "A declination was set in the instrument.");
   if (column == column_true_strike && !listed(touroku).true_strike.empty()) {
     switch (listed(touroku).correction) {
       case Correction::applied:
-        return either(japanese, "加えた偏角: ", "Declination added: ") +
+        return either("加えた偏角: ", "Declination added: ") +
                to_toolkit(platform::format_number(listed(touroku).added, "##0.0")) + "°";
       case Correction::not_taken:
-        return either(japanese, "補正済みのデータなので、偏角は加えません。",
-                      "Already corrected: no declination is added.");
+        return either("補正済みのデータなので、偏角は加えません。", "Already corrected: no declination is added.");
       default:
-        return either(japanese, "偏角が分からないため、未補正です。", "Uncorrected, since no declination is known.");
+        return either("偏角が分からないため、未補正です。", "Uncorrected, since no declination is known.");
     }
   }
   return to_toolkit(cell_text(list_, touroku, column));

@@ -17,7 +17,9 @@
 #include <algorithm>
 
 #include "core/language.h"
+#include "ui/either.h"
 #include "ui/observation_model.h"
+#include "ui/window_size.h"
 
 namespace ui {
 
@@ -62,7 +64,7 @@ Observation_table::Observation_table(session::Session& session, QWidget* parent)
   set_captions();
   usual_columns();
   setMinimumSize(least_size);
-  resize(first_size);
+  resize(size_on_screen(*this, first_size));
 }
 
 void Observation_table::build_table() {
@@ -170,10 +172,7 @@ void Observation_table::connect_all() {
 }
 
 void Observation_table::set_captions() {
-  const bool japanese = core::is_japanese(session_.settings.language);
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{core::is_japanese(session_.settings.language)};
   setWindowTitle(either("登録地点の一覧", "Registered observations"));
   filter_label_->setText(either("絞り込み(&F)", "&Filter"));
   filter_->setAccessibleName(either("絞り込みの語", "Words to filter by"));

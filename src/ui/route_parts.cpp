@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "instruments/route_lists.h"
+#include "ui/either.h"
 #include "ui/toolkit_text.h"
 
 namespace ui {
@@ -52,9 +53,7 @@ void count_routes(const Route_parts& parts, bool japanese) {
 }  // namespace
 
 Route_parts add_route_parts(QVBoxLayout* column, bool japanese, const char* pattern) {
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{japanese};
   Route_parts parts{};
   parts.List1 = route_list(japanese);
   column->addWidget(parts.List1, 1);

@@ -7,12 +7,14 @@
 #include <cmath>
 
 #include "ui/painter_surface.h"
+#include "ui/toolkit_text.h"
 
 namespace ui {
 
 namespace {
 
 constexpr double units_per_pixel = 2;
+constexpr double focus_ring = 2;  // logical pixels
 
 }  // namespace
 
@@ -35,6 +37,10 @@ void Sheet_grid::measure() {
   viewport()->update();
 }
 
+QString Sheet_grid::told(int row) const {
+  return to_toolkit(index_.sheets[row].name + "  " + index_.sheets[row].stem);
+}
+
 int Sheet_grid::marked_row() const {
   for (int row = 1; row <= index_.sheet_count; ++row)
     if (index_.sheets[row].stem == marked_) return row;
@@ -44,6 +50,7 @@ int Sheet_grid::marked_row() const {
 void Sheet_grid::mark(const std::string& stem) {
   marked_ = stem;
   const int row = marked_row();
+  setAccessibleDescription(row > 0 ? told(row) : QString());
   if (row > 0) {
     const drawing::Rect cell = maps::cell_rectangle(index_, index_.sheets[row]);
     const auto bring = [](QScrollBar* bar, double from, double to, int room) {
@@ -68,7 +75,22 @@ void Sheet_grid::paintEvent(QPaintEvent*) {
                     {horizontalScrollBar()->value() * units_per_pixel, verticalScrollBar()->value() * units_per_pixel});
   }
   image.setDevicePixelRatio(ratio);
-  QPainter(viewport()).drawImage(QPointF(0, 0), image);
+  QPainter painter(viewport());
+  painter.drawImage(QPointF(0, 0), image);
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), focus_ring));
+  painter.drawRect(
+      QRectF(viewport()->rect()).adjusted(focus_ring / 2, focus_ring / 2, -focus_ring / 2, -focus_ring / 2));
+}
+
+void Sheet_grid::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void Sheet_grid::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
 }
 
 void Sheet_grid::resizeEvent(QResizeEvent* event) {

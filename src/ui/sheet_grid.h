@@ -18,6 +18,8 @@ class Sheet_grid : public QAbstractScrollArea {
 
   // The sheet that is marked; scrolls so that it is seen.
   void mark(const std::string& stem);
+  // What a sheet is called: its name and its stem.
+  QString told(int row) const;
   // The display settings changed.
   void measure();
 
@@ -31,6 +33,8 @@ class Sheet_grid : public QAbstractScrollArea {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   int row_at(QPointF position) const;

@@ -18,6 +18,7 @@
 #include "observations/declination.h"
 #include "platform/failures.h"
 #include "platform/numbers.h"
+#include "ui/either.h"
 #include "ui/guard.h"
 #include "ui/port_box.h"
 #include "ui/text_box.h"
@@ -91,7 +92,7 @@ Tiltvane_connect::Tiltvane_connect(session::Session& session, session::Ports& po
 }
 
 QString Tiltvane_connect::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(japanese_ ? in_japanese : in_english);
+  return Either{japanese_}(in_japanese, in_english);
 }
 
 void Tiltvane_connect::lay_out() {

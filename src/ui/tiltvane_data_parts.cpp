@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "core/language.h"
+#include "ui/either.h"
 #include "ui/folder_box.h"
 #include "ui/measurement_model.h"
 #include "ui/stereonet_view.h"
@@ -58,7 +59,7 @@ Widget* Tiltvane_data_view::named(Widget* widget, const char* name, Caption capt
 }
 
 QString Tiltvane_data_view::either(const char* in_japanese, const char* in_english) const {
-  return QString::fromUtf8(core::is_japanese(session_.settings.language) ? in_japanese : in_english);
+  return Either{core::is_japanese(session_.settings.language)}(in_japanese, in_english);
 }
 
 void Tiltvane_data_view::lay_out() {
@@ -243,10 +244,12 @@ void Tiltvane_data_view::Language_set() {
     if (caption.hint_japanese) caption.widget->setToolTip(either(caption.hint_japanese, caption.hint_english));
   }
   for (Folder_box* box : {DirGPS_, DirGPS2_}) {
-    box->set_captions(either("参照...", "Browse..."), either("GPS位置記録のフォルダ", "Folder of the GPS logs"));
+    const QString title = box == DirGPS_ ? either("GPS位置記録のフォルダ", "Folder of the GPS log")
+                                         : either("NMEAファイルのフォルダ", "Folder of the NMEA logs");
+    box->set_captions(either("参照...", "Browse..."), title);
     for (QWidget* widget : {static_cast<QWidget*>(box), static_cast<QWidget*>(box->edit())})
-      widget->setAccessibleName(either("GPS位置記録のフォルダ", "Folder of the GPS logs"));
-    text_box_hint(box->edit(), japanese, either("GPS位置記録のフォルダ", "Folder of the GPS logs"));
+      widget->setAccessibleName(title);
+    text_box_hint(box->edit(), japanese, title);
   }
   FileGPS_->setPlaceholderText(either("ファイルを選択", "Choose a file"));
   model_->set_japanese(japanese);

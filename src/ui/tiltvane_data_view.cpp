@@ -19,7 +19,6 @@
 #include <algorithm>
 
 #include "core/language.h"
-#include "core/save_messages.h"
 #include "drawing/picture_files.h"
 #include "exchange/shape_export.h"
 #include "instruments/registry_writing.h"
@@ -323,17 +322,13 @@ void Tiltvane_data_view::picture_save() {
   const QString path = ask_path(either("ステレオネットの画像", "Picture of the stereonet"), picture_filter, "png");
   if (path.isEmpty()) return;
   const bool japanese = core::is_japanese(session_.settings.language);
-  const std::string target = from_toolkit(path);
-  try {
+  std::string bytes;
+  {
     const Wait_cursor wait;
     const QImage image = stereonet_image(net_->measured(), japanese, true, picture_size, picture_ratio);
-    const std::string bytes =
-        ports_.pictures.encode(platform::picture_of(image), format_of(path), drawing::jpeg_quality);
-    if (bytes.empty()) throw platform::File_failure(target + " can't be made");
-    ports_.files.write_whole(target, bytes);
-  } catch (const platform::File_failure&) {
-    core::write_failed(ports_.prompts, target);
+    bytes = ports_.pictures.encode(platform::picture_of(image), format_of(path), drawing::jpeg_quality);
   }
+  instruments::net_picture_save(context(), from_toolkit(path), bytes);
 }
 
 }  // namespace ui

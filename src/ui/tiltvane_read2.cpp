@@ -2,20 +2,20 @@
 
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "core/language.h"
+#include "ui/either.h"
 #include "ui/tiltvane_connect.h"
 #include "ui/tiltvane_data_view.h"
+#include "ui/window_size.h"
 
 namespace ui {
 
 namespace {
 
 constexpr QSize first_size(1160, 760);
-constexpr QSize frame_room(16, 56);  // of the title bar and the edges: a small screen shows the last button too
 
 }  // namespace
 
@@ -27,13 +27,11 @@ Tiltvane_read2::Tiltvane_read2(session::Session& session, session::Ports& ports,
   setObjectName("Tiltvane_Read2");
   lay_out(core::is_japanese(session.settings.language));
   connect_all();
-  resize(first_size.boundedTo(screen()->availableSize() - frame_room));
+  resize(size_on_screen(*this, first_size));
 }
 
 void Tiltvane_read2::lay_out(bool japanese) {
-  const auto either = [japanese](const char* in_japanese, const char* in_english) {
-    return QString::fromUtf8(japanese ? in_japanese : in_english);
-  };
+  const Either either{japanese};
   setWindowTitle(either("デジタルクリノメータデータ読み込み", "Read clinometer data"));
   auto* column = new QVBoxLayout(this);
   tabs_ = new QTabWidget;

@@ -51,6 +51,40 @@ TEST(Command10, WithoutASelectedFileSaysSoAndChangesNothing) {
   EXPECT_EQ(place.settings.datum_mode, core::tokyo_datum);
 }
 
+TEST(Command10, AsksForAFileInJapaneseToo) {
+  Place place({"a.csv"});
+  place.choose({});
+  place.prompts.use_language("Japanese");
+  EXPECT_FALSE(place.save());
+  EXPECT_THAT(place.prompts.shown, ElementsAre("地点登録ファイルは必ず選択して下さい。"));
+}
+
+TEST(Command10, StoresFiveHundredNamesAtMost) {
+  Place place;
+  place.boxes.Dir4 = place.project.string();
+  std::string line = "f000.csv";
+  for (int i = 0; i < 501; ++i) {
+    const std::string name = "f" + std::string(i < 10 ? "00" : i < 100 ? "0" : "") + std::to_string(i) + ".csv";
+    place.boxes.File11.push_back({name, true});
+    if (i > 0 && i < 500) line += "," + name;
+  }
+  ASSERT_TRUE(place.save());
+  EXPECT_THAT(place.settei(), HasSubstr("False\r\n" + line + "\r\n1000\r\n"));
+  EXPECT_EQ(place.settings.registry_count, 500);
+  EXPECT_EQ(place.settings.registry_name, "f000.csv");
+}
+
+TEST(Command10, MakesTheDataFoldersOfAProjectThatHasNone) {
+  Place place;
+  const std::filesystem::path fresh = place.folder.path() / "fresh";
+  std::filesystem::create_directories(fresh);
+  place.boxes.Dir4 = fresh.string();
+  place.boxes.File11 = {{"a.csv", true}};
+  ASSERT_TRUE(place.save());
+  EXPECT_TRUE(std::filesystem::is_directory(fresh / "chisou_men"));
+  EXPECT_TRUE(std::filesystem::is_directory(fresh / "data"));
+}
+
 TEST(Command10, KeepsThePictureInProportionToTheCut) {
   Place place({"a.csv"});
   place.choose({"a.csv"});
@@ -116,6 +150,13 @@ TEST(Menu_settei, PointsTheFoldersIntoTheProgramFolderUntilThereAreSettings) {
   EXPECT_EQ(place.boxes.Dir3, place.program.string());
   EXPECT_EQ(place.boxes.Dir4, place.program.string());
   EXPECT_EQ(place.boxes.Dir10, place.program.string() + "\\map");
+}
+
+TEST(Menu_settei, PointsTheMapFolderIntoTheFolderOfTheOption) {
+  Place place;
+  place.boxes.Option5 = {false, true};
+  core::menu_settei(place.settings, place.boxes, place.files);
+  EXPECT_EQ(place.boxes.Dir10, place.program.string() + "\\map50000");
 }
 
 TEST(Menu_settei, LeavesTheFoldersOnceThereAreSettings) {
@@ -210,6 +251,32 @@ TEST(Command44, AnEmptyNameShowsTheNoteInEnglishOnly) {
   EXPECT_EQ(place.prompts.shown.size(), 1u) << "the comparison with the lower-case word never holds";
 }
 
+TEST(Command44, TakesNoNameThatTheListOfSelectedFilesWouldPart) {
+  Place place;
+  place.choose({});
+  place.boxes.Text4 = "a,b";
+  EXPECT_FALSE(core::Command44(place.settings, place.boxes, place.files, place.prompts));
+  place.prompts.use_language("Japanese");
+  EXPECT_FALSE(core::Command44(place.settings, place.boxes, place.files, place.prompts));
+  EXPECT_THAT(place.prompts.shown,
+              ElementsAre("A comma can't stand in the name of the file.", "ファイル名に「,」は使えません。"));
+  EXPECT_TRUE(std::filesystem::is_empty(place.project / "chisou_men"));
+}
+
+TEST(Command44, MakesNoFileOutsideTheDataFolder) {
+  Place place;
+  std::filesystem::create_directories(place.project / "chisou_men" / "txt");
+  place.choose({});
+  const auto before = support::snapshot(place.folder.path());
+  for (const char* name : {"..\\a", "../a", "txt\\a", "C:a"}) {
+    place.boxes.Text4 = name;
+    EXPECT_FALSE(core::Command44(place.settings, place.boxes, place.files, place.prompts)) << name;
+  }
+  EXPECT_EQ(support::snapshot(place.folder.path()), before);
+  ASSERT_EQ(place.prompts.shown.size(), 4u);
+  EXPECT_EQ(place.prompts.shown[0], "The file can't be made: " + place.project.string() + "\\chisou_men\\..\\a.csv");
+}
+
 TEST(Command44, SaysWhenTheFileCannotBeMade) {
   Place place;
   support::Read_only_files files;
@@ -236,6 +303,21 @@ TEST(Command45, DeletesTheSelectedFilesAfterAQuestion) {
   EXPECT_TRUE(core::Command45(place.boxes, place.files, place.prompts));
   EXPECT_THAT(place.prompts.shown, ElementsAre("If yuou delete file then you can not revival this file.  Do it?"));
   EXPECT_THAT(place.boxes.File11, ElementsAre(File_choice{"b.csv", false}));
+}
+
+TEST(Command45, AsksInJapaneseToo) {
+  Place place({"a.csv"});
+  place.choose({"a.csv"});
+  place.prompts.use_language("Japanese");
+  EXPECT_FALSE(core::Command45(place.boxes, place.files, place.prompts));
+  EXPECT_THAT(place.prompts.shown, ElementsAre("ファイルを削除すると復活はできません。削除を実行しますか。"));
+}
+
+TEST(Command45, AsksNothingWithoutASelectedFile) {
+  Place place({"a.csv"});
+  place.choose({});
+  EXPECT_FALSE(core::Command45(place.boxes, place.files, place.prompts));
+  EXPECT_TRUE(place.prompts.shown.empty());
 }
 
 TEST(Command45, KeepsEverythingWhenDeclined) {

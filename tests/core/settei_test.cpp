@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "support/places.h"
 #include "support/settings_place.h"
 
@@ -114,6 +116,118 @@ TEST(Settei_read, LoadsAFileOfFiveLinesAndKeepsTheOtherDefaults) {
   EXPECT_THAT(place.boxes.File11, ElementsAre(File_choice{"a.csv", false}));
 }
 
+TEST(Settei_defaults, AreThoseOfADialogWithoutAFile) {
+  Place place;
+  const core::Settings_boxes boxes = core::settei_defaults(place.settings);
+  EXPECT_EQ(boxes.Dir4, place.program.string() + "\\dummy");
+  EXPECT_EQ(boxes.Combo4, "04");
+  EXPECT_EQ(boxes.Combo5, "9600");
+  EXPECT_THAT(boxes.Option4, ElementsAre(true, false, false));
+  EXPECT_THAT(boxes.Option5, ElementsAre(true, false));
+  EXPECT_THAT(boxes.Text3, ElementsAre("sheet1", "", "", "", ""));
+  EXPECT_TRUE(boxes.Option6);
+  EXPECT_FALSE(boxes.Option7);
+  const std::string cut[] = {boxes.Text5, boxes.Text6, boxes.Text7, boxes.Text8, boxes.Text9, boxes.Text10};
+  EXPECT_THAT(cut, ElementsAre("1000", "1000", "500", "100", "6000", "6000"));
+  EXPECT_TRUE(boxes.Option8);
+  EXPECT_FALSE(boxes.Option9);
+}
+
+// Lines that differ from every default, so that a box tells whether its line was read.
+std::vector<std::string> strange_lines(const Place& place) {
+  const std::string program = place.program.string();
+  return {program, "f.xls", place.project.string(),
+          "09",    "4800",  "False",
+          "False", "True",  "False",
+          "True",  "s",     "A1",
+          "A2",    "A3",    "A4",
+          "False", "True",  "a.csv",
+          "11",    "12",    "13",
+          "14",    "15",    "16",
+          program, "False", "True"};
+}
+
+// What the boxes hold, one text for each of the 27 lines.
+std::vector<std::string> values_of(const Place& place) {
+  const core::Settings_boxes& boxes = place.boxes;
+  const auto flag = [](bool value) { return std::string(value ? "True" : "False"); };
+  std::vector<std::string> values = {boxes.Dir3, boxes.File4, boxes.Dir4, boxes.Combo4, boxes.Combo5};
+  for (const bool option : boxes.Option4) values.push_back(flag(option));
+  for (const bool option : boxes.Option5) values.push_back(flag(option));
+  for (const std::string& cell : boxes.Text3) values.push_back(cell);
+  values.insert(values.end(), {flag(boxes.Option6), flag(boxes.Option7), place.settings.registry_name, boxes.Text5,
+                               boxes.Text6, boxes.Text7, boxes.Text8, boxes.Text9, boxes.Text10, boxes.Dir10,
+                               flag(boxes.Option8), flag(boxes.Option9)});
+  return values;
+}
+
+// A line that is missing leaves its box, and so do all behind it.
+TEST(Settei_read, AFileOfEveryLengthLoadsAsFarAsItGoes) {
+  for (std::size_t count = 1; count <= 27; ++count) {
+    Place place({"a.csv"});
+    std::vector<std::string> wanted = values_of(place);
+    std::vector<std::string> lines = strange_lines(place);
+    std::copy_n(lines.begin(), count, wanted.begin());
+    lines.resize(count);
+    place.settei(support::joined(lines));
+    ASSERT_TRUE(place.read());
+    EXPECT_EQ(values_of(place), wanted) << count << " lines";
+    EXPECT_EQ(place.settings.datum_mode, count >= 17 ? core::wgs_84 : core::tokyo_datum) << count << " lines";
+    EXPECT_EQ(place.settings.registry_count, count >= 18 ? 1 : 0) << count << " lines";
+  }
+}
+
+TEST(Settei_read, EndsAFieldAtItsCommaAndTakesQuotesOff) {
+  Place place({"a.csv"});
+  std::vector<std::string> lines = support::settei_lines(place.project.string(), "a.csv");
+  lines[1] = "f,g.xls,\"h\"";
+  lines[2] = "\"" + place.project.string() + "\",x";
+  lines[3] = "\"0,5\"";
+  lines[4] = "4800 baud,n";
+  lines[10] = "sheet one , two";
+  lines[11] = "B\"4";
+  lines[18] = "2000,5";
+  lines[23] = ",6000";
+  place.settei(support::joined(lines));
+  ASSERT_TRUE(place.read());
+  EXPECT_EQ(place.boxes.File4, "f");
+  EXPECT_EQ(place.boxes.Dir4, place.project.string());
+  EXPECT_EQ(place.boxes.Combo4, "0,5");
+  EXPECT_EQ(place.boxes.Combo5, "4800 baud");
+  EXPECT_EQ(place.boxes.Text3[0], "sheet one");
+  EXPECT_EQ(place.boxes.Text3[1], "B");
+  EXPECT_EQ(place.boxes.Text5, "2000");
+  EXPECT_EQ(place.boxes.Text6, "1000") << "what stands behind a comma is no line of its own";
+  EXPECT_EQ(place.boxes.Text10, "");
+}
+
+TEST(Settei_read, TakesTheNumberFlagsAsWholeLines) {
+  Place place({"a.csv"});
+  std::vector<std::string> lines = support::settei_lines(place.project.string(), "a.csv");
+  lines[25] = "False,x";
+  lines[26] = "\"True\"";
+  place.settei(support::joined(lines));
+  ASSERT_TRUE(place.read());
+  EXPECT_TRUE(place.boxes.Option8) << "a whole line with a comma is no flag";
+  EXPECT_FALSE(place.boxes.Option9) << "quotes stay in a whole line";
+}
+
+TEST(Settei_read, TakesTheFirstNameOfTheLineAsTheRegistryInUse) {
+  Place place({"a.csv", "b.csv"});
+  place.settei(support::joined(support::settei_lines(place.project.string(), "b.csv,a.csv")));
+  ASSERT_TRUE(place.read());
+  EXPECT_EQ(place.settings.registry_name, "b.csv");
+  EXPECT_EQ(place.settings.registry_count, 2);
+}
+
+TEST(Settei_read, ListsTheCsvFilesOfTheDataFolderInAnyCase) {
+  Place place({"b.CSV", "A.csv", "notes.txt", "a.csv.bak"});
+  place.settei(support::joined(support::settei_lines(place.project.string(), "")));
+  ASSERT_TRUE(place.read());
+  EXPECT_THAT(place.boxes.File11, ElementsAre(File_choice{"A.csv", false}, File_choice{"b.CSV", false}));
+  EXPECT_EQ(place.settings.registry_name, "");
+}
+
 TEST(Settei_read, KeepsTheBoxesPastAnEndWithinTheFirstFiveLines) {
   Place place;
   place.settei("\r\nwaku.xls\r\n");
@@ -210,6 +324,18 @@ TEST(Settei_read, TakesFlagsAsWordsAndNumbersAndLeavesAnOptionBesideAnythingElse
   EXPECT_FALSE(place.boxes.Option7);
   EXPECT_FALSE(place.boxes.Option8);
   EXPECT_TRUE(place.boxes.Option9);
+}
+
+TEST(Settei_read, TakesAnEmptyFieldForAFalseFlagAndAnEmptyWholeLineForNone) {
+  Place place;
+  std::vector<std::string> lines = support::settei_lines(place.project.string(), "");
+  for (const std::size_t line : {6, 9, 16, 26}) lines[line - 1] = "";
+  place.settei(support::joined(lines));
+  ASSERT_TRUE(place.read());
+  EXPECT_THAT(place.boxes.Option4, ElementsAre(false, false, false));
+  EXPECT_THAT(place.boxes.Option5, ElementsAre(false, false));
+  EXPECT_FALSE(place.boxes.Option6);
+  EXPECT_TRUE(place.boxes.Option8);
 }
 
 TEST(Settei_read, SetsTheDatum) {

@@ -88,6 +88,22 @@ TEST(Rockview_path, AShortFileLeavesTheRest) {
   EXPECT_EQ(job.Text15, "30");
 }
 
+TEST(Rockview_path, EndsItsFieldsAtACommaAndIsLeftByAMissingFile) {
+  Place place;
+  core::Rockview_path job{"d:", "d:\\m", "name", 1, 1, "50"};
+  core::rockview_path_r(place.files, place.program.string(), job);
+  EXPECT_EQ(job.Text11, "name");
+  EXPECT_EQ(job.Text15, "50");
+  support::put(place.program / "RockviewPath.dat", "e:,x\r\ne:\\a,b\r\n\"c,d\"\r\n 1 ,0\r\n0\r\n25,5\r\n");
+  core::rockview_path_r(place.files, place.program.string(), job);
+  EXPECT_EQ(job.Drive9, "e:");
+  EXPECT_EQ(job.Dir9, "e:\\a");
+  EXPECT_EQ(job.Text11, "c,d");
+  EXPECT_EQ(job.Check4, 1);
+  EXPECT_EQ(job.Check11, 0);
+  EXPECT_EQ(job.Text15, "25");
+}
+
 TEST(Danmen_line, IsWrittenWithNumbersBetweenBlanks) {
   Place place;
   core::danmen_line_w(place.files, place.program.string(), {1250.5, 3300.25, 1875, -12.5});
@@ -156,6 +172,17 @@ TEST(Psettei, IsWrittenAndReadBackWhereTheFoldersExist) {
   EXPECT_EQ(folders.Dir2, place.project.string());
 }
 
+TEST(Psettei, EndsAFolderAtItsComma) {
+  Place place;
+  std::filesystem::create_directories(place.folder.path() / "new");
+  const std::string cut = (place.folder.path() / "new").string();
+  support::put(place.program / "psettei.dat", cut + ",2\r\n");
+  core::Picture_folders folders{"before", "before"};
+  core::psettei_r(place.files, place.program.string(), folders);
+  EXPECT_EQ(folders.Dir1, cut);
+  EXPECT_EQ(folders.Dir2, "before");
+}
+
 core::Zahyo some_range() {
   return {120.5, 80, 900, 640, {139, 30, 12.25}, {35, 20, 0.5}, {139, 31, 0}, {35, 19, 45.125}, "C:\\DEM50", 1};
 }
@@ -199,6 +226,15 @@ TEST(Project_folders, AreMadeAndMayExist) {
   core::project_folders_make(place.files, place.project.string());
   EXPECT_TRUE(std::filesystem::is_directory(place.project / "data"));
   EXPECT_TRUE(std::filesystem::is_directory(place.project / "chisou_men"));
+}
+
+TEST(Project_folders, AFileInTheWayOfOneLeavesTheOthers) {
+  Place place;
+  std::filesystem::remove_all(place.program / "map");
+  support::put(place.program / "map", "a file");
+  core::program_folders_make(place.files, place.program.string());
+  EXPECT_TRUE(std::filesystem::is_regular_file(place.program / "map"));
+  EXPECT_TRUE(std::filesystem::is_directory(place.program / "pda_chizu"));
 }
 
 TEST(Project_folders, ACutMapMarksItsProject) {

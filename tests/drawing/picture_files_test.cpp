@@ -96,12 +96,12 @@ TEST_F(Picture_files, SaveBmpTellsTheFaultAndLeavesTheOldFile) {
   disk.write_whole(in("a.bmp"), "old");
   files.room = 10;
   for (const char* language : {"Japanese", "English"}) {
-    prompts.shown.clear();
     prompts.use_language(language);
     EXPECT_FALSE(drawing::save_bmp(files, prompts, three_by_two(), in("a.bmp"), 24));
-    ASSERT_EQ(prompts.shown.size(), 1U);
-    EXPECT_TRUE(prompts.shown[0].starts_with("エラー発生！\nエラー番号 75")) << prompts.shown[0];
   }
+  const std::string head = "エラー発生！\nエラー番号 75\n";
+  EXPECT_EQ(prompts.shown, (std::vector<std::string>{head + "「" + in("a.bmp") + "」に書き込めません。",
+                                                     head + in("a.bmp") + " can't be written."}));
   EXPECT_EQ(files.read_bytes(in("a.bmp")), "old");
 }
 
@@ -180,6 +180,30 @@ TEST_F(Picture_files, Command29RefusesANameThatIsNone) {
     EXPECT_EQ(prompts.shown.size(), 1U) << name;
   }
   EXPECT_TRUE(files.list(folder.text(), "*").empty());
+  prompts.shown.clear();
+  for (const char* language : {"Japanese", "English"}) {
+    prompts.use_language(language);
+    save(boxes(""));
+  }
+  EXPECT_EQ(prompts.shown,
+            (std::vector<std::string>{"ファイル名に使えない名前です。", "This name can't be used as a file name."}));
+}
+
+// The picture would go to wherever the program was started from.
+TEST_F(Picture_files, Command29WithoutAFolderSaysSoAndWritesNothing) {
+  for (const char* folder_text : {"", "  "})
+    for (const char* language : {"Japanese", "English"}) {
+      prompts.shown.clear();
+      prompts.use_language(language);
+      Image_save_boxes nowhere = boxes("a");
+      nowhere.Dir2 = folder_text;
+      EXPECT_EQ(drawing::image_path(nowhere), "");
+      EXPECT_FALSE(save(nowhere));
+      EXPECT_EQ(prompts.shown,
+                std::vector<std::string>{language == std::string("Japanese") ? "保存先のフォルダを選んでください。"
+                                                                             : "Choose the folder to save to."});
+    }
+  EXPECT_EQ(files.calls("write_whole"), 0);
 }
 
 TEST_F(Picture_files, Command29StaysOpenWithOneMessageWhereItCantWrite) {

@@ -82,6 +82,30 @@ TEST(LatLon2MeshCode, ADigitOutOfRangeIsAFailureThatNamesItself) {
   EXPECT_EQ(failure_of(-1e-17, -1e-17), "LatLon2MeshCode: 緯度の2次メッシュコードが0-7の範囲にありません。 8");
 }
 
+std::string failure_of_digits(double m3, double m4, double m5, double m6) {
+  try {
+    check_mesh_digits(m3, m4, m5, m6);
+  } catch (const platform::Type_failure& failure) {
+    return failure.what();
+  }
+  return "no failure";
+}
+
+TEST(LatLon2MeshCode, EachDigitHasItsRangeAndItsSentence) {
+  EXPECT_EQ(failure_of_digits(0, 7, 0, 9), "no failure");
+  EXPECT_EQ(failure_of_digits(-1, 0, 0, 0), "LatLon2MeshCode: 緯度の2次メッシュコードが0-7の範囲にありません。 -1");
+  EXPECT_EQ(failure_of_digits(0, 8, 0, 0), "LatLon2MeshCode: 経度の2次メッシュコードが0-7の範囲にありません。 8");
+  EXPECT_EQ(failure_of_digits(0, 0, 10, 0), "LatLon2MeshCode: 緯度の3次メッシュコードが0-9の範囲にありません。 10");
+  EXPECT_EQ(failure_of_digits(0, 0, 0, -1), "LatLon2MeshCode: 経度の3次メッシュコードが0-9の範囲にありません。 -1");
+  EXPECT_EQ(failure_of_digits(0, 0, 0, 10), "LatLon2MeshCode: 経度の3次メッシュコードが0-9の範囲にありません。 10");
+}
+
+TEST(LatLon2MeshCode, TheFirstDigitOutOfRangeIsTheOneThatIsNamed) {
+  EXPECT_EQ(failure_of_digits(8, 9, 10, 11), "LatLon2MeshCode: 緯度の2次メッシュコードが0-7の範囲にありません。 8");
+  EXPECT_EQ(failure_of_digits(7, 9, 10, 11), "LatLon2MeshCode: 経度の2次メッシュコードが0-7の範囲にありません。 9");
+  EXPECT_EQ(failure_of_digits(7, 7, 10, 11), "LatLon2MeshCode: 緯度の3次メッシュコードが0-9の範囲にありません。 10");
+}
+
 TEST(LatLon2MeshCode, OverflowIsAFailure) {
   EXPECT_THROW(LatLon2MeshCode(std::numeric_limits<double>::infinity(), 140), platform::Division_failure);
   EXPECT_THROW(LatLon2MeshCode(36, std::numeric_limits<double>::quiet_NaN()), platform::Division_failure);

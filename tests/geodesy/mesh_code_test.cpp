@@ -187,6 +187,21 @@ TEST(Seconds_to_dms, SplitsTowardNought) {
   }
 }
 
+// Sixty carries: beside every whole minute of the globe no split shows 60 seconds or 60 minutes.
+TEST(Seconds_to_dms, ShowsNoSixty) {
+  for (int minute = 1; minute <= 21600; ++minute) {
+    const auto at = static_cast<float>(minute * 60);
+    for (const float seconds : {std::nextafter(at, 0.0f), at, std::nextafter(at, 1e9f)})
+      for (const bool whole : {false, true}) {
+        const Dms_pair dms = seconds_to_dms(seconds, -seconds, whole);
+        ASSERT_TRUE(dms.lat_s >= 0 && dms.lat_s < 60 && dms.lat_m >= 0 && dms.lat_m < 60) << seconds;
+        ASSERT_TRUE(dms.lon_s <= 0 && dms.lon_s > -60 && dms.lon_m <= 0 && dms.lon_m > -60) << seconds;
+        const double sum = static_cast<double>(dms.lat_d) * 3600 + dms.lat_m * 60 + dms.lat_s;
+        ASSERT_NEAR(sum, seconds, whole ? 1 : 0) << seconds;
+      }
+  }
+}
+
 TEST(Seconds_to_dms, AnInfinityIsAFailure) {
   EXPECT_THROW(seconds_to_dms(infinite, 0), platform::Division_failure);
   EXPECT_THROW(seconds_to_dms(0, std::numeric_limits<float>::quiet_NaN()), platform::Division_failure);

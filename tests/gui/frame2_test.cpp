@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -279,6 +280,36 @@ TEST_P(Frame2, OpensAndClosesTheFrameOfTheInputSheet) {
   EXPECT_FALSE(opened.find<QWidget>("Frame12")->isVisible());
 }
 
+TEST_P(Frame2, ListsTenPortsAndShowsTheDefaults) {
+  const Opened opened(GetParam(), false);
+  auto* port = opened.find<QComboBox>("Combo4");
+  ASSERT_EQ(port->count(), 10);
+  EXPECT_EQ(port->itemText(0), "01");
+  EXPECT_EQ(port->itemText(9), "10");
+  EXPECT_EQ(port->currentText(), "04");
+  EXPECT_EQ(opened.find<QComboBox>("Combo5")->currentText(), "9600");
+  EXPECT_EQ(opened.find<QLineEdit>("Text3_0")->text(), "sheet1");
+}
+
+TEST_P(Frame2, ShowsTheStoredProjectFolderBesideTheTypedOne) {
+  Opened opened(GetParam());
+  opened.find<QLineEdit>("Dir4")->setText("C:\\typed");
+  EXPECT_EQ(opened.find<QLineEdit>("Label11")->text().toStdString(), opened.place.project.string());
+  EXPECT_TRUE(opened.find<QLineEdit>("Label11")->isReadOnly());
+}
+
+TEST_P(Frame2, IsDraggedByAnyPlaceThatHoldsNoBox) {
+  Opened opened(GetParam());
+  opened.dialog->move(100, 80);
+  const QPoint before = opened.dialog->pos();
+  QTest::mousePress(opened.dialog.get(), Qt::LeftButton, {}, {4, 4});
+  QTest::mouseMove(opened.dialog.get(), {34, 24});
+  EXPECT_EQ(opened.dialog->pos() - before, QPoint(30, 20));
+  QTest::mouseRelease(opened.dialog.get(), Qt::LeftButton, {}, {4, 4});
+  QTest::mouseMove(opened.dialog.get(), {60, 60});
+  EXPECT_EQ(opened.dialog->pos() - before, QPoint(30, 20)) << "only while the button is held";
+}
+
 TEST_P(Frame2, TheSheetFolderFollowsItsOption) {
   Opened opened(GetParam());
   opened.find<QRadioButton>("Option5_1")->click();
@@ -305,7 +336,12 @@ TEST(Frame2_language, TakesItsCaptionsFromTheTables) {
   EXPECT_EQ(english.find<QRadioButton>("Option6")->text(), "Tokyo Datum");
   EXPECT_EQ(japanese.find<QPushButton>("Command10")->text(), "保存");
   EXPECT_EQ(english.find<QPushButton>("Command45")->text(), "Delete");
-  EXPECT_EQ(japanese.find<QRadioButton>("Option4_1")->text(), "標準メッシュ（３次メッシュ）");
+  const std::pair<const char*, const char*> options[] = {
+      {"Option4_0", "入力年月日毎"}, {"Option4_1", "標準メッシュ（３次メッシュ）"},
+      {"Option4_2", "手入力"},       {"Option7", "世界測地系"},
+      {"Option8", "登録番号"},       {"Option9", "走向傾斜計測番号"}};
+  for (const auto& [name, text] : options) EXPECT_EQ(japanese.find<QRadioButton>(name)->text(), text);
+  EXPECT_EQ(japanese.find<QGroupBox>("Frame12")->title(), "入力基本枠ファイルの設定");
 }
 
 TEST(Frame2_language, GoingBackToJapaneseLeavesTheTablesEnglishOnlyEntries) {

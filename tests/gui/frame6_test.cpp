@@ -103,6 +103,32 @@ TEST_P(Frame6, ShowsTheExamplesInTheEmptyBoxes) {
   EXPECT_EQ(tip("Text14_5"), either("(入力例:N15W)", "(Example: N15W)"));
 }
 
+TEST_P(Frame6, NamesTheTwoWaysOfGivingAPosition) {
+  place.open();
+  EXPECT_EQ(place.label("move_hint"), either("地点変更は右クリック", "A right click changes the position"));
+  EXPECT_TRUE(find<QWidget>("move_hint")->isVisible());
+  EXPECT_TRUE(find<QPushButton>("pick_position")->isEnabled());
+}
+
+TEST_P(Frame6, NamesTheBoxesThatNoTableNames) {
+  EXPECT_EQ(place.label("Label19_0"), "X(m)");
+  EXPECT_EQ(place.label("Label19_1"), "Y(m)");
+  EXPECT_EQ(place.label("label_mark"), "Mark");
+  EXPECT_EQ(place.label("label_size"), "Large");
+  EXPECT_EQ(place.label("label_colour"), "Color");
+  EXPECT_EQ(place.label("label_picture"), either("画像ファイル名", "Picture file"));
+  EXPECT_EQ(find<QPushButton>("colour_select")->text(), "Select");
+  EXPECT_EQ(find<QPushButton>("Command8")->text(), QString(either("囲み線色", "Color")));
+  EXPECT_EQ(find<QCheckBox>("Check7")->text(), QString(either("境界に使用する", "Use as a boundary")));
+  EXPECT_EQ(find<QCheckBox>("Check1")->text(),
+            QString(either("同標高点繰り返し入力", "Keep the height for new points")));
+  EXPECT_EQ(find<QPushButton>("Command31")->text(), QString(either("線終了", "Line Stop")));
+  EXPECT_EQ(find<QPushButton>("Command1")->text(), QString(either("入力シート登録", "Input sheet")));
+  EXPECT_EQ(find<QPushButton>("Command7")->text(), QString(either("Shapeファイル作成", "Make Shapefile")));
+  EXPECT_EQ(find<QPushButton>("Command23")->text(), QString(either("メモ表示", "Show memo")));
+  EXPECT_EQ(find<QPushButton>("surface_add")->text(), QString(either("他の地層面に追加", "Add to another surface")));
+}
+
 TEST_P(Frame6, ChangesItsLanguage) {
   place.open();
   boxes.Text14[box_soukou] = "EW";
@@ -589,7 +615,7 @@ TEST_P(Frame6, IsClippedNowhereAndNamesEveryBox) {
     }
     for (const QSize size : {QSize(270, 520), QSize(270, 700), QSize(420, 900)}) {
       place.frame->resize(size);
-      QTest::qWait(20);
+      QCoreApplication::processEvents();
       EXPECT_TRUE(support::nothing_clipped(place.frame.get())) << size.width() << (open ? " open" : " closed");
     }
     EXPECT_LE(place.frame->minimumSizeHint().width(), 270);
@@ -600,7 +626,7 @@ TEST_P(Frame6, IsClippedNowhereAndNamesEveryBox) {
 TEST_P(Frame6, KeepsSaveAndCloseInSightOnALowScreen) {
   place.open();
   place.frame->resize(270, 420);
-  QTest::qWait(20);
+  QCoreApplication::processEvents();
   for (const char* name : {"Command9", "Command22"})
     EXPECT_TRUE(place.frame->rect().contains(
         QRect(find<QWidget>(name)->mapTo(place.frame.get(), QPoint()), find<QWidget>(name)->size())))

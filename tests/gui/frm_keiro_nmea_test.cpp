@@ -1,5 +1,7 @@
 #include "ui/frm_keiro_nmea.h"
 
+#include <QComboBox>
+
 #include "gui/route_dialogs.h"
 
 namespace {
@@ -44,6 +46,20 @@ TEST_P(Frm_keiroNMEA, BrowsesToAFolderAndWritesFullPaths) {
   EXPECT_EQ(ui::from_toolkit(find<QLineEdit>("Dir1")->text()), logs);
   EXPECT_EQ(row(0)->checkState(), Qt::Unchecked);
   EXPECT_EQ(row(1)->checkState(), Qt::Checked);
+}
+
+// A drive as the machine would offer it; with one alone the box has nothing to choose and isn't shown.
+TEST_P(Frm_keiroNMEA, GoesToAChosenDrive) {
+  put_logs();
+  open<ui::Frm_keiroNMEA>();
+  auto* drives = find<QComboBox>("Drive1");
+  EXPECT_EQ(drives->isVisible(), drives->count() > 1);
+  ASSERT_EQ(find<QListWidget>("List1")->count(), 1);
+  drives->addItem("L:", ui::to_toolkit(place.disk.native_path(logs)));
+  drives->setCurrentIndex(drives->count() - 1);
+  emit drives->activated(drives->currentIndex());
+  ASSERT_EQ(find<QListWidget>("List1")->count(), 2);
+  EXPECT_EQ(row(0)->text(), "081115.NME");
 }
 
 TEST_P(Frm_keiroNMEA, KeepsTicksWhileTheFolderStays) {

@@ -17,6 +17,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include "core/session/start_up.h"
 #include "gui/clipping.h"
@@ -44,11 +45,11 @@ TEST_F(Frm_main, OpensNoSheetThatNobodyChose) {
   open("English");
   find<QListView>("List2")->setFocus();
   find<QListView>("List1")->setFocus();
-  QTest::qWait(400);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(find<QTimer>("list_delay")->isActive()) << "a row would open when the keys have rested";
   EXPECT_FALSE(session.sheet_shown());
   QTest::keyClick(find<QListView>("List1"), Qt::Key_Down);
-  QTest::qWait(400);
-  EXPECT_EQ(session.current_sheet, "free");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return session.current_sheet == "free"; }));
 }
 
 TEST_F(Frm_main, HasEveryNamedWidget) {
@@ -161,8 +162,7 @@ TEST_F(Frm_main, TheStatusBarShowsTheMapAndGeographicPosition) {
   open_sheet();
   auto* canvas = find<ui::Canvas_view>("Picture1");
   QTest::mouseMove(canvas, {50, 50});
-  QTest::qWait(10);
-  EXPECT_EQ(find<QLabel>("status_x")->text(), "X 0.0 m");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return find<QLabel>("status_x")->text() == "X 0.0 m"; }));
   EXPECT_EQ(find<QLabel>("status_latitude")->text(), "N 35°00'36.00\"");
   EXPECT_EQ(find<QLabel>("status_longitude")->text(), "E 139°00'00.00\"");
 }
@@ -181,8 +181,7 @@ TEST_F(Frm_main, ASectionLineIsDrawnWithTwoClicksAndEscEndsTheTool) {
   QTest::mouseMove(canvas, {200, 220});
   QTest::mouseClick(canvas, Qt::LeftButton, {}, {200, 220});
   EXPECT_GT(files.length(program() + "/danmen.dat"), 0);
-  QTest::qWait(20);
-  EXPECT_TRUE(session.section_controls.visible);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return session.section_controls.visible; }));
 }
 
 TEST_F(Frm_main, ShowsTheShortCaptionsInBothLanguagesAndKeepsTheLongOnesInEnglish) {
@@ -208,7 +207,7 @@ TEST_F(Frm_main, NothingIsClippedInEitherLanguageAtTwoSizes) {
       auto* tabs = find<QTabWidget>("TabStrip1");
       for (int tab = 0; tab < 3; ++tab) {
         tabs->setCurrentIndex(tab);
-        QTest::qWait(20);
+        QCoreApplication::processEvents();
         EXPECT_TRUE(support::nothing_clipped(window.get())) << language << " " << size.width() << " tab " << tab;
       }
       window.reset();
@@ -246,7 +245,7 @@ TEST_F(Frm_main, ZoomPanAndTheRubberBandsTouchNoFile) {
   for (int x = 110; x < 200; x += 10) QTest::mouseMove(canvas, {x, x});
   QTest::mouseClick(canvas, Qt::LeftButton, {}, {200, 200});
   find<QAbstractButton>("Command18")->click();
-  QTest::qWait(20);
+  QCoreApplication::processEvents();
   EXPECT_EQ(watched.log, std::vector<std::string>{});
 }
 
@@ -317,11 +316,87 @@ TEST_F(Frm_main, WhoClosesTheSettingsWithoutSavingIsNotAskedAgainAtOnce) {
   window = std::make_unique<ui::Frm_main>(session, ports);
   window->start();
   find<QWidget>("Frame2")->close();
-  QTest::qWait(20);
+  QCoreApplication::processEvents();
   EXPECT_FALSE(find<QWidget>("Frame2")->isVisible());
   EXPECT_EQ(prompts.shown.size(), 1u);
   find<QAction>("menu_settei")->trigger();
   EXPECT_TRUE(find<QWidget>("Frame2")->isVisible());
+}
+
+TEST_F(Frm_main, TheNamesOfTheSheetsFollowTheLanguageAtOnce) {
+  make_project("Japanese");
+  write(program() + "/ZUMEI.CSV", {"533945,霧沢"});
+  files.write_whole(program() + "/map/53394500.bmp", files.read_bytes(program() + "/map/free.bmp"));
+  session::form_load(session, ports, program());
+  window = std::make_unique<ui::Frm_main>(session, ports);
+  window->start();
+  const auto* names = find<QListView>("List1")->model();
+  ASSERT_EQ(names->rowCount(), 2);
+  EXPECT_EQ(names->index(0, 0).data().toString(), "霧沢南西部");
+  find<QAction>("menu_English")->trigger();
+  EXPECT_EQ(names->index(0, 0).data().toString(), "53394500");
+  find<QAction>("menu_Japanese")->trigger();
+  EXPECT_EQ(names->index(0, 0).data().toString(), "霧沢南西部");
+}
+
+TEST_F(Frm_main, EveryToolIsSeenInANarrowWindow) {
+  open("English", {1024, 700});
+  auto* tool = find<QToolButton>("Command19");
+  EXPECT_EQ(tool->toolButtonStyle(), Qt::ToolButtonIconOnly);
+  for (const char* name : {"Command16", "Command25", "Main_act_0", "gps_tool"})
+    EXPECT_TRUE(find<QWidget>(name)->isVisible()) << name;
+  EXPECT_EQ(find<QWidget>("Command19")->toolTip(), "Two clicks on the map give the rectangle to zoom to (Ctrl+R)");
+  window->resize(1800, 700);
+  EXPECT_EQ(tool->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+}
+
+TEST_F(Frm_main, TheArrowKeysMoveTheMapThatHasTheKeyboard) {
+  open("English");
+  open_sheet();
+  for (int i = 0; i < 8; ++i) find<QAbstractButton>("Command16")->click();
+  auto* canvas = find<ui::Canvas_view>("Picture1");
+  const double x = session.canvas.view_x, y = session.canvas.view_y;
+  QTest::keyClick(canvas, Qt::Key_Right);
+  EXPECT_DOUBLE_EQ(session.canvas.view_x, x - 0.2 * 15 * canvas->width());
+  QTest::keyClick(canvas, Qt::Key_Down);
+  EXPECT_DOUBLE_EQ(session.canvas.view_y, y - 0.2 * 15 * canvas->height());
+  QTest::keyClick(canvas, Qt::Key_Left);
+  QTest::keyClick(canvas, Qt::Key_Up);
+  EXPECT_DOUBLE_EQ(session.canvas.view_x, x);
+  EXPECT_DOUBLE_EQ(session.canvas.view_y, y);
+}
+
+TEST_F(Frm_main, TheMapShowsThatItHasTheKeyboard) {
+  open("English");
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* canvas = find<ui::Canvas_view>("Picture1");
+  const QColor ring = canvas->palette().color(QPalette::Highlight);
+  EXPECT_NE(canvas->grab().toImage().pixelColor(0, 90), ring);
+  canvas->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(canvas->grab().toImage().pixelColor(0, 90), ring);
+}
+
+TEST_F(Frm_main, AMenuThatIsOpenedByItsKeyHasItsFirstEntryMarked) {
+  open("English");
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QTest::keyClick(window.get(), Qt::Key_F, Qt::AltModifier);
+  auto* menu = find<QMenu>("menu_file");
+  EXPECT_TRUE(menu->isVisible());
+  EXPECT_EQ(menu->activeAction(), find<QAction>("menu_settei"));
+  menu->close();
+}
+
+TEST_F(Frm_main, WhatCannotBeUsedYetSaysSo) {
+  open("Japanese");
+  for (const char* name : {"Text1", "Combo8", "Command5", "Command38"}) {
+    EXPECT_FALSE(find<QWidget>(name)->isEnabled()) << name;
+    EXPECT_EQ(find<QWidget>(name)->toolTip(), "この機能はまだ使えません。") << name;
+  }
+  find<QAction>("menu_English")->trigger();
+  EXPECT_EQ(find<QAction>("menu_souzyo")->toolTip(), "This isn't available yet.");
+  EXPECT_TRUE(find<QMenu>("menu_3D")->toolTipsVisible());
 }
 
 TEST_F(Frm_main, ClosingTheWindowWithUnsavedEntriesAsksNothing) {

@@ -237,10 +237,52 @@ TEST_P(Frm_sel_picture, AsksForAName) {
 TEST_P(Frm_sel_picture, ShowsNothingForABrokenPicture) {
   place.disk.write_whole(photos + "\\a.jpg", "no picture");
   open();
+  // Pictures are made in turn: when the next one's is there the broken one has been given up.
+  choose(1);
+  preview();
   choose(0);
-  QTest::qWait(100);
-  EXPECT_TRUE(find<ui::Picture_view>("preview")->picture().isNull());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return find<ui::Picture_view>("preview")->picture().isNull(); }));
   EXPECT_EQ(find<ui::Picture_view>("preview")->word(), "");
+}
+
+TEST_P(Frm_sel_picture, AsksBeforeItDropsWhatIsInAPlace) {
+  open();
+  press("close");
+  EXPECT_THAT(place.prompts.shown, IsEmpty()) << "nothing would be lost";
+  open();
+  choose(0);
+  press("Command10");
+  place.prompts.answers = {platform::Answer::cancel};
+  QTest::keyClick(dialog.get(), Qt::Key_Escape);
+  ASSERT_EQ(place.prompts.shown.size(), 1u);
+  EXPECT_EQ(place.prompts.shown[0], japanese() ? "枠に入れたものがまだ登録されていません。登録しますか。"
+                                               : "What the places hold isn't stored yet. Do you want to store it?");
+  EXPECT_TRUE(dialog->isVisible());
+  place.prompts.answers = {platform::Answer::no};
+  dialog->close();
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_EQ(place.disk.length(stored("a.bmp")), 0);
+}
+
+TEST_P(Frm_sel_picture, StoresWhatIsInAPlaceWhenItIsAskedToAtTheEnd) {
+  open();
+  choose(0);
+  press("Command10");
+  place.prompts.answers = {platform::Answer::yes};
+  press("close");
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_GT(place.disk.length(stored("a.bmp")), 0);
+}
+
+TEST_P(Frm_sel_picture, StaysWhenWhatIsInAPlaceCannotBeStored) {
+  open();
+  choose(0);
+  press("Command10");
+  find<QLineEdit>("Text1")->clear();
+  place.prompts.answers = {platform::Answer::yes};
+  press("close");
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_EQ(place.prompts.shown.size(), 2u) << "the question, and that a name is required";
 }
 
 TEST_P(Frm_sel_picture, EditsAPointOfTheStore) {

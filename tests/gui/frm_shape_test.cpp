@@ -66,6 +66,14 @@ struct Frm_Shape : Shape_dialogs {
 };
 INSTANTIATE_TEST_SUITE_P(BothLanguages, Frm_Shape, testing::Values("Japanese", "English"));
 
+TEST_P(Frm_Shape, GoesInPeaceWhileTheFolderHasTheKeyboard) {
+  open<ui::Frm_Shape>();
+  dialog->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+  find<QLineEdit>("Dir1")->setFocus();
+  dialog.reset();
+}
+
 TEST_P(Frm_Shape, HasEveryWidgetByItsNameAndItsCaption) {
   open_on("P,10,20\r\n");
   EXPECT_EQ(dialog->objectName(), "frm_Shape");

@@ -66,7 +66,8 @@ struct Main_window : ::testing::Test {
     window = std::make_unique<ui::Frm_main>(session, ports);
     window->resize(size);
     window->start();
-    QTest::qWait(20);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    QCoreApplication::processEvents();
   }
 
   template <typename Widget>
@@ -80,7 +81,7 @@ struct Main_window : ::testing::Test {
     auto* list = find<QListView>("List2");
     const QModelIndex row = list->model()->index(0, 1);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(row).center());
-    QTest::qWait(20);
+    QCoreApplication::processEvents();
   }
 };
 

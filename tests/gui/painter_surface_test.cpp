@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "drawing/sheet_picture.h"
 #include "observations/chiten_out.h"
 #include "observations/mark_out.h"
 #include "ui/toolkit_text.h"
@@ -224,4 +225,50 @@ TEST(Painter_surface, AMapPaintedInPartsIsTheMapPaintedAtOnce) {
       paint(parts, part);
     EXPECT_EQ(whole, parts) << ratio << ": " << between(whole, parts).most;
   }
+}
+
+// One unit is half a logical pixel: at scale 2 a device pixel, at scale 1 half of one.
+TEST(Painter_surface, ASheetIsPaintedWithTheDevicesPixels) {
+  platform::Picture black = platform::make_picture(4, 4, 32);
+  for (int y = 0; y < 4; ++y) std::fill_n(black.row(y), 16, std::uint8_t{0});
+  const drawing::Sheet_picture sheet = drawing::make_sheet_picture(std::move(black));
+  for (const int ratio : {1, 2}) {
+    QImage page = white_page();
+    {
+      ui::Painter_surface surface(page, ratio, {}, page.rect());
+      surface.picture(sheet, {20, 40, 60, 80});
+    }
+    const int unit = ratio;  // device pixels of two units
+    const QRect wanted(10 * unit, 20 * unit, 30 * unit, 40 * unit);
+    QRect found;
+    for (int y = 0; y < page.height(); ++y)
+      for (int x = 0; x < page.width(); ++x)
+        if (qRed(page.pixel(x, y)) < 128) found |= QRect(x, y, 1, 1);
+    EXPECT_EQ(found, wanted) << ratio;
+  }
+}
+
+// A quarter turn counter-clockwise: the text runs upwards from its corner, its lower side to the right.
+TEST(Painter_surface, ATurnedTextStandsAboutItsCornerWithNothingBehindIt) {
+  QImage page(160, 160, QImage::Format_RGB32);
+  page.fill(qRgb(255, 255, 0));
+  {
+    ui::Painter_surface surface(page, 1, {}, page.rect());
+    surface.text({160, 240}, "HHHH", {.height = 40}, 0x0000FF, 900);  // at pixel (80, 120), 20 pixels high
+  }
+  QRect ink;
+  int inked = 0;
+  for (int y = 0; y < page.height(); ++y)
+    for (int x = 0; x < page.width(); ++x) {
+      const QRgb at = page.pixel(x, y);
+      if (at == qRgb(255, 255, 0)) continue;
+      ink |= QRect(x, y, 1, 1);
+      ++inked;
+      ASSERT_NEAR(qRed(at) + qBlue(at), 255, 8) << x << " " << y;  // between the page's yellow and the text's blue
+    }
+  ASSERT_GT(inked, 50);
+  EXPECT_TRUE(QRect(80, 40, 26, 81).contains(ink))
+      << ink.left() << " " << ink.top() << " " << ink.right() << " " << ink.bottom();
+  EXPECT_GT(ink.height(), 2 * ink.width());
+  EXPECT_LT(inked, ink.width() * ink.height() * 3 / 4);
 }

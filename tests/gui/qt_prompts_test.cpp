@@ -21,7 +21,7 @@ struct Seen {
 
 Seen answer_with(Qt::Key key, const std::function<void()>& ask) {
   Seen seen;
-  QTimer::singleShot(50, [&] {
+  QTimer::singleShot(0, [&] {  // it comes with the message's own events
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(box);
     seen.over = box->parentWidget();
@@ -41,7 +41,7 @@ struct Qt_prompts : ::testing::Test {
     prompts.use_language("Japanese");
     window.show();
     window.activateWindow();
-    QTest::qWait(20);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 };
 
@@ -62,7 +62,7 @@ TEST_F(Qt_prompts, AMessageStandsOverTheWindowInUse) {
   QDialog dialog(&window);
   dialog.show();
   dialog.activateWindow();
-  QTest::qWait(20);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
   EXPECT_EQ(answer_with(Qt::Key_Return, [&] { prompts.message({"a", "a"}); }).over, &dialog);
 }
 

@@ -110,6 +110,19 @@ TEST_P(Tiltvane_data_view, ShowsTheMemory) {
   EXPECT_EQ(text("declination"), japanese() ? "偏角 -7.5°" : "declination -7.5 Deg");
 }
 
+// The file's own header has them the other way round.
+TEST_P(Tiltvane_data_view, NamesLatitudeAndLongitudeWhereTheyStand) {
+  open_on_memory();
+  ASSERT_EQ(table()->model()->columnCount(), 21);
+  const auto head = [&](int column) {
+    return table()->model()->headerData(column - 1, Qt::Horizontal).toString().toStdString();
+  };
+  EXPECT_EQ(head(18), japanese() ? "緯度 ddmm.mmmm" : "Latitude ddmm.mmmm");
+  EXPECT_EQ(head(20), japanese() ? "経度 dddmm.mmmm" : "Longitude dddmm.mmmm");
+  EXPECT_EQ(cell(0, 17), "3541.1234");
+  EXPECT_EQ(cell(0, 19), "13945.6789");
+}
+
 TEST_P(Tiltvane_data_view, TakesTheDeclinationWheneverItComesUp) {
   open_on_memory();
   press("all");

@@ -8,3 +8,8 @@ foreach(direction upward downward)
 endforeach()
 set_tests_properties(house_an_include_upward PROPERTIES
   PASS_REGULAR_EXPRESSION "canvas\\.h.*(No such file|file not found|Cannot open)")
+
+# Each promise of the conformance page names a test that is there.
+if(UNIX)
+  add_test(NAME house_conformance COMMAND ${CMAKE_SOURCE_DIR}/tools/shell/check_conformance)
+endif()

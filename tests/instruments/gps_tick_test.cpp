@@ -199,6 +199,36 @@ TEST_F(Gps, IsLostAfterMoreThanTenSeconds) {
   EXPECT_EQ(gps.light, Gps_light::fix);
 }
 
+TEST_F(Gps, SaysNoMoreThatItHasAPositionWhenThatIsLostOrTheReceiverIsGone) {
+  start();
+  tick(gga_here + gsa + rmc);
+  wait(11);
+  tick();
+  EXPECT_EQ(gps.light, Gps_light::lost);
+  EXPECT_EQ(gps.Label7, "GPS:検索中");
+  tick(gga_here + gsa + rmc);
+  EXPECT_EQ(gps.Label7, "GPS:補足");
+  port.pull();
+  tick();
+  EXPECT_EQ(gps.light, Gps_light::closed);
+  EXPECT_EQ(gps.Label7, "GPS:検索中");
+  port.present = true;
+  wait(3);
+  tick(gga_here + gsa);
+  EXPECT_EQ(gps.Label7, "GPS:補足");
+}
+
+// A port that could never be opened leaves the text of before.
+TEST_F(Gps, KeepsTheTextOfBeforeWhileThePortCantBeOpened) {
+  gps.Label7 = "GPS停止中";
+  port.present = false;
+  start();
+  wait(4);
+  tick();
+  EXPECT_EQ(gps.light, Gps_light::closed);
+  EXPECT_EQ(gps.Label7, "GPS停止中");
+}
+
 TEST_F(Gps, SearchesAgainBeforeItIsLost) {
   start();
   tick(gga_here + gsa + rmc);

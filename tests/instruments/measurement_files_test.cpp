@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "instruments/data_place.h"
 #include "instruments/in_pieces.h"
 
@@ -140,10 +142,29 @@ TEST_F(Measurement_files, EndsADumpAtItsEnd) {
   EXPECT_FALSE(list.memory);
 }
 
-TEST_F(Measurement_files, LeavesOutLinesOfSixBytes) {
+TEST_F(Measurement_files, LeavesOutLinesOfSixCharacters) {
   put_program("TMP2.TMP", {"", "1,2,3,", "1,2,3,4"});
   Tiltvane_out2(list, files, folder.text());
   EXPECT_EQ(shown_lines(), Texts{"1,2,3,4"});
+}
+
+// The same rule as for the lines of the wire: "断層,あい," has six characters.
+TEST_F(Measurement_files, CountsCharactersAndNotBytes) {
+  put_program("TMP2.TMP", {"断層,あい,", "断層,あい,う"});
+  Tiltvane_out2(list, files, folder.text());
+  EXPECT_EQ(shown_lines(), Texts{"断層,あい,う"});
+}
+
+// Another program's file, cut in the middle of a character, with control characters and half a code.
+TEST_F(Measurement_files, ShowsTheLinesOfAFileThatIsNone) {
+  disk.make_folder(folder.text() + "\\Tiltvane");
+  const std::string path = folder.text() + "\\Tiltvane\\wrong.csv";
+  disk.write_whole(path, std::string("\xff\xfe\x31\0,\0P\0,\0\r\0\n\0", 14) + "\x81\r\n12,L,N20W,30E\r\n\x93\xfa\x96");
+  Tiltvane_out(list, files, path);
+  ASSERT_FALSE(list.rows.empty());
+  EXPECT_NE(std::find(list.rows.begin(), list.rows.end(), Measurement_row{"12,L,N20W,30E", false}), list.rows.end());
+  for (Measurement_row& row : list.rows) row.ticked = row.line.starts_with("12,");
+  EXPECT_EQ(saved(), "012-012_2008-11-15_09-30-00.csv");
 }
 
 TEST_F(Measurement_files, ShowsTwelveHundredRowsAndSaysThatThereAreMore) {
@@ -194,9 +215,9 @@ TEST_F(Measurement_files, HasNoOtherDisplayOfTheMemory) {
 }
 
 TEST_F(Measurement_files, NamesTheMarks) {
-  EXPECT_EQ(mark_token("＋"), "Cross");
-  EXPECT_EQ(mark_token("▼"), "RTriangle");
-  EXPECT_EQ(mark_token("★"), "Star");
+  std::string names;
+  for (const char* mark : {"＋", "×", "●", "■", "◆", "▲", "▼", "★"}) names += std::string(mark_token(mark)) + " ";
+  EXPECT_EQ(names, "Cross DCross Circle Rect Spade Triangle RTriangle Star ");
   EXPECT_EQ(mark_token("○"), "");
 }
 

@@ -147,6 +147,7 @@ TEST_F(Registry_writing, RefusesBothKindsOfTrack) {
   EXPECT_FALSE(press().written);
   EXPECT_EQ(prompts.shown, Texts{"２種類のGPSファイルの同時読み込みは出来ません。"});
   EXPECT_EQ(bytes(), before);
+  EXPECT_GT(disk.length(folder.text() + "\\RSPORT.dat"), 0);  // the boxes are kept before the refusal
 }
 
 TEST_F(Registry_writing, NeedsARegistrationFile) {
@@ -229,6 +230,17 @@ TEST_F(Registry_writing, AddsNoSecondRecordAtAPlace) {
   show({"5,P,N20W,30E,0,  ,  ,2008/11/15 08:05:09,m,0,0,,,,,,0" + place,
         "6,P,N20W,30E,0,  ,  ,2008/11/15 09:05:09,m,0,0,,,,,,0" + place});
   EXPECT_EQ(press().count, 1);
+}
+
+// Its letter puts the first west of 0 and the second, read from the longitude's column, south of it; the third lies at
+// 0.
+TEST_F(Registry_writing, AddsNothingSouthOrWestOfZero) {
+  const std::string row = ",P,N20W,30E,0,  ,  ,2008/11/15 08:05:09,m,0,0,,,,,,0,";
+  show({"5" + row + "3541.1234,N,13945.6789,W", "6" + row + "3541.1234,N,13945.6789,S",
+        "7" + row + "0000.0000,N,00000.0000,E"});
+  EXPECT_EQ(press().count, 1);
+  ASSERT_EQ(count(), 1);
+  EXPECT_EQ(registry.rows[1].touroku_no, "081115-7*7");
 }
 
 TEST_F(Registry_writing, MarksADeclinationOfTheInstrument) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -145,6 +146,19 @@ TEST(Stereonet, DrawsEachMarkInItsForm) {
   EXPECT_EQ(polygon_corners("★"), 10u);
   EXPECT_EQ(polygon_corners("×"), 0u);
   EXPECT_EQ(polygon_corners(""), 0u);
+}
+
+// A canvas counts downwards: of ▲ two corners lie below the third, of ▼ above it.
+TEST(Stereonet, PointsItsTrianglesUpAndDown) {
+  const auto corners_below = [](const char* mark) {
+    support::Recorder recorder;
+    stereonet_out(recorder, net, {{Plane{0, 30}, {}, mark}}, {}, words);
+    const std::vector<Point> corners = recorder.of("polygon").front().points;
+    const double middle = (corners[0].y + corners[1].y + corners[2].y) / 3;
+    return std::count_if(corners.begin(), corners.end(), [&](const Point& corner) { return corner.y > middle; });
+  };
+  EXPECT_EQ(corners_below("▲"), 2);
+  EXPECT_EQ(corners_below("▼"), 1);
 }
 
 TEST(Stereonet, FitsIntoItsPicture) {

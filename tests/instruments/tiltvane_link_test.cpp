@@ -198,6 +198,40 @@ TEST_F(Tiltvane_link, LeavesADeviceThatTalksButIsNoClinometer) {
   EXPECT_EQ(link.timer, Link_timer::Timer3);
 }
 
+// The timer may tick before the instrument could have answered; such ticks are let pass.
+TEST_F(Tiltvane_link, DoesNothingOnATickBelowOne) {
+  serial.devices[1] = {"001,P,N20W\r\nEND"};
+  search();
+  link.tick = -2;
+  search_ticks(2);
+  EXPECT_EQ(link.tick, 0);
+  EXPECT_EQ(link.buf, "");
+  EXPECT_EQ(link.quiet, 0);
+  EXPECT_EQ(link.timer, Link_timer::Timer1);
+  search_ticks(1);
+  EXPECT_EQ(link.timer, Link_timer::Timer3);
+  serial.devices[1] = {"END"};
+  link.tick = -1;
+  EXPECT_EQ(read_ticks(1), 0);
+  EXPECT_EQ(link.buf, "");
+  EXPECT_EQ(read_ticks(1), 1);
+}
+
+TEST_F(Tiltvane_link, RunsOneOfItsTimersOnly) {
+  serial.devices[1] = {"001,P,N20W\r\n"};
+  search();
+  EXPECT_EQ(read_ticks(3), 0);
+  EXPECT_EQ(link.tick, 2);
+  EXPECT_EQ(serial.devices[1].size(), 1u) << "the download read what the search was waiting for";
+  serial.devices[1] = {"END"};
+  search_ticks(1);
+  ASSERT_EQ(link.timer, Link_timer::Timer3);
+  serial.devices[1] = {"END"};
+  search_ticks(5);
+  EXPECT_EQ(link.tick, 0);
+  EXPECT_EQ(serial.devices[1].size(), 1u);
+}
+
 TEST_F(Tiltvane_link, StopsTheSearchAndClosesThePort) {
   serial.devices[1] = {};
   search();
@@ -221,6 +255,56 @@ TEST_F(Tiltvane_link, SendsTheCountAsThreeDigits) {
   EXPECT_EQ(link.timer, Link_timer::Timer3);
   EXPECT_EQ(link.tick, 0);
   EXPECT_EQ(link.quiet, 0);
+}
+
+TEST_F(Tiltvane_link, AsksForAllRecordsAtFirst) {
+  read({});
+  EXPECT_THAT(serial.log, ElementsAre("port 5", "open 5", "write o999"));
+  EXPECT_EQ(serial.settings, "9600,n,8,1");
+}
+
+TEST_F(Tiltvane_link, WritesTheSettingsBeforeEveryDownload) {
+  read({});
+  EXPECT_EQ(bytes("RSPORT.dat"), "05\r\n999\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n-7\r\n0\r\n");
+  boxes.Text15 = "12";
+  boxes.Text1 = "-6.5";
+  read({});
+  EXPECT_EQ(bytes("RSPORT.dat"), "05\r\n012\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n-6.5\r\n0\r\n");
+}
+
+TEST_F(Tiltvane_link, ClosesAnOpenPortBeforeTheDownload) {
+  serial.devices[2] = {};
+  serial.set_port(2);
+  serial.open();
+  serial.log.clear();
+  link.buf = "of before";
+  link.tick = link.quiet = 7;
+  read({});
+  EXPECT_THAT(serial.log, ElementsAre("close", "port 5", "open 5", "write o999"));
+  EXPECT_EQ(link.buf, "");
+  EXPECT_EQ(link.tick, 0);
+  EXPECT_EQ(link.quiet, 0);
+}
+
+TEST_F(Tiltvane_link, CountsQuietTicksOfTheDownloadInARow) {
+  std::deque<std::string> said(50);
+  said.push_back(record);
+  said.insert(said.end(), 50, "");
+  said.push_back("END");
+  read(said);
+  EXPECT_EQ(read_ticks(200), 102);
+  EXPECT_THAT(prompts.shown, IsEmpty());
+}
+
+TEST_F(Tiltvane_link, StopsTheDownloadAndKeepsWhatHadCome) {
+  read({record, record, "END"});
+  read_ticks(1);
+  instruments::Command50(link, serial);
+  EXPECT_EQ(link.timer, Link_timer::none);
+  EXPECT_FALSE(serial.is_open());
+  EXPECT_EQ(read_ticks(60), 0);
+  EXPECT_EQ(bytes("Tiltvane.tmp"), record);
+  EXPECT_THAT(prompts.shown, IsEmpty());
 }
 
 TEST_F(Tiltvane_link, WritesTwoSettingsLinesInTheSmallDialog) {
@@ -320,6 +404,13 @@ TEST_F(Tiltvane_link, TakesTwelveHundredRecordsAtMost) {
     EXPECT_EQ(link.record_count, static_cast<std::size_t>(std::min(count, 1200)));
     EXPECT_EQ(table().size(), link.record_count + 1);
   }
+}
+
+// The numbers are those of the first and the last record as they came, whatever lies between.
+TEST_F(Tiltvane_link, NamesTheFileByTheFirstAndTheLastNumber) {
+  read({"7,P,N20W,30E\r\n999,P,N20W,30E\r\n12,P,N20W,30E\r\nEND\r\n"});
+  EXPECT_EQ(read_ticks(1), 1);
+  EXPECT_EQ(link.file_name, "007-012_2008-11-15_10-20-30.csv");
 }
 
 TEST_F(Tiltvane_link, NamesNoFileForAnAnswerWithoutRecords) {
@@ -440,6 +531,27 @@ TEST_F(Tiltvane_link, OffersTheDownloadBeforeOneThatBroughtNoiseOnly) {
   EXPECT_EQ(instruments::broken_download(files, program).records, 1u);
   read({});
   EXPECT_EQ(bytes("Tiltvane.old"), record);
+}
+
+// There is the table of an older download; the answer is written, and then the disk fails.
+TEST_F(Tiltvane_link, OffersABrokenDownloadAgainWhoseTableCouldNotBeWritten) {
+  memory.write_whole(program + "\\TMP2.TMP", "the table of an older download\r\n");
+  read({record});
+  read_ticks(60);
+  files.failing_write = 2;
+  EXPECT_THROW(instruments::read_again(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(instruments::broken_download(files, program).records, 1u);
+  EXPECT_TRUE(instruments::read_again(link, boxes, ports));
+  EXPECT_EQ(instruments::broken_download(files, program).path, "");
+}
+
+TEST_F(Tiltvane_link, LeavesALogThatCannotBeRead) {
+  memory.write_whole(program + "\\Tiltvane.tmp", record);
+  files.unreadable = "Tiltvane.tmp";
+  EXPECT_THROW(instruments::GeoRead_start(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(memory.read_bytes(program + "\\Tiltvane.tmp"), record);
+  EXPECT_THROW(instruments::read_again(link, boxes, ports), platform::File_failure);
+  EXPECT_EQ(instruments::broken_download(files, program).path, "") << "what can't be read is not offered";
 }
 
 }  // namespace

@@ -60,6 +60,20 @@ TEST(Gyousei_read, HasNoLinesWithoutPosOrFolder) {
   EXPECT_TRUE(boundaries.lines.empty());
 }
 
+TEST(Gyousei_read, SurvivesCutAndBinaryFiles) {
+  support::Map_place place;
+  std::string bytes;
+  for (int i = 0; i < 100'000; ++i) bytes += static_cast<char>(i * 7919 % 251 + (i % 43 == 0));
+  place.put("mps\\a.mps", bytes);
+  place.put("mps\\b.mps", "pos=\"1/2;3/");
+  place.put("mps\\c.mps", "");
+  place.put("mps\\d.mps", "pos=\"5/6;7/8");
+  maps::Boundaries boundaries;
+  EXPECT_NO_THROW(maps::gyousei_read(place.files, place.program, boundaries));
+  ASSERT_FALSE(boundaries.lines.empty());
+  EXPECT_EQ(boundaries.lines.back(), (Boundary{{5, 6}, {7, 8}}));
+}
+
 // 139.02 degrees east and 36.01 north lie 1800 m and 1080 m from the corner: (280, 892); the corner is (100, 1000).
 const Boundary two_points{{139, 36}, {139.02, 36.01}};
 

@@ -15,6 +15,20 @@ using maps::Map_position;
 using support::geographic_canvas;
 using support::plain_canvas;
 
+TEST(Canvas_start, HasNorthAtTheTopNoOffsetAndNoFrame) {
+  const Canvas canvas;
+  EXPECT_EQ(canvas.canvas_scale, 0);
+  EXPECT_EQ(canvas.zoom_factor, 0.5);
+  EXPECT_EQ(canvas.view_x, 0);
+  EXPECT_EQ(canvas.view_y, 0);
+  EXPECT_EQ(canvas.zoom_count, 1);
+  EXPECT_EQ(canvas.y_mode, 2);
+  EXPECT_EQ(canvas.hemisphere, 'N');
+  EXPECT_FALSE(canvas.is_geographic);
+  EXPECT_EQ(canvas.grid_nx, 100);
+  EXPECT_EQ(canvas.grid_ny, 100);
+}
+
 TEST(Henkan, TakesMetresToUnitsWithMarginAndOffset) {
   Canvas canvas = plain_canvas();
   // x: 100 m * 0.5 + 100 + 10; y from the north edge: (800 - 100) * 0.5 + 100 - 20

@@ -116,6 +116,41 @@ TEST_F(Chizu_out, ReadsTheFrameFileOfAFreePicture) {
   EXPECT_EQ(mosaic.columns, 1);
 }
 
+TEST_F(Chizu_out, ASixDigitStemWithoutARowTakesItsFrameFileAndNoNeighbours) {
+  put_picture("543816");
+  put_picture("543806");  // would be the neighbour to the south
+  place.put_lines("map\\543816.set", {"138,45,0,36,10,0,138,52,30,36,5,0"});
+  EXPECT_FALSE(select("543816").frame_missing);
+  EXPECT_EQ(canvas.geo_x0, 13'875'000);
+  EXPECT_EQ(canvas.geo_x1, 13'887'500);
+  EXPECT_EQ(mosaic.columns, 1);
+  EXPECT_EQ(holders(), "1........");
+}
+
+TEST_F(Chizu_out, ASheetOfTheFiftyThousandthsTakesItsFrameFileWhateverItsName) {
+  for (const char* stem : {"543817", "54381705"}) {
+    const std::string name = "map50000\\" + std::string(stem);
+    place.put(name + ".bmp", flat_bmp(9, 7));
+    place.put_lines(name + ".set", {"138,45,0,36,10,0,139,0,0,36,0,0"});
+    EXPECT_FALSE(select(stem, maps::folder_50000).frame_missing) << stem;
+    EXPECT_EQ(canvas.geo_x0, 13'875'000) << stem;
+    EXPECT_EQ(canvas.geo_y1, 3'600'000) << stem;
+    EXPECT_EQ(holders(), "1........") << stem;
+    EXPECT_EQ(mosaic.picture[0].width(), 9) << stem;
+  }
+}
+
+TEST_F(Chizu_out, NothingOfAMosaicStaysUnderAPictureOfItsOwn) {
+  for (const char* stem : {"54381750", "54381755", "54381700", "54381705"}) put_picture(stem);
+  select("54381750");
+  ASSERT_EQ(holders(), "1111.....");
+  put_picture("mine");
+  select("mine");
+  EXPECT_EQ(holders(), "1........");
+  for (std::size_t slot = 1; slot < 9; ++slot) EXPECT_TRUE(mosaic.picture[slot].empty()) << slot;
+  EXPECT_EQ(mosaic.columns, 1);
+}
+
 TEST_F(Chizu_out, CutsTheEntryAtTheFirstPoint) {
   put_picture("54381705");
   select("54381705.bmp");
@@ -164,8 +199,10 @@ TEST_F(Chizu_out, NamesEachPictureThatCantBeRead) {
   EXPECT_EQ(report.failures[1].file, "543910.bmp");
   EXPECT_EQ(report.failures[1].fault, Picture_fault::too_large);
   EXPECT_EQ(holders(), "1........");
-  EXPECT_EQ(maps::failure_text(report.failures[1], true), "「543910.bmp」は大きすぎて読み込めません。");
+  EXPECT_EQ(maps::failure_text(report.failures[0], true), "「543807.bmp」は画像として読み込めません。");
   EXPECT_EQ(maps::failure_text(report.failures[0], false), "543807.bmp can't be read as a picture.");
+  EXPECT_EQ(maps::failure_text(report.failures[1], true), "「543910.bmp」は大きすぎて読み込めません。");
+  EXPECT_EQ(maps::failure_text(report.failures[1], false), "543910.bmp is too large to be loaded.");
 }
 
 TEST_F(Chizu_out, EmptiesTheMainHolderWhereThePictureIsBroken) {

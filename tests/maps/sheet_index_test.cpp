@@ -171,8 +171,14 @@ TEST_F(Index, TellsInOneSentenceThatItCantSave) {
   support::Fault_files files(place.files);
   files.read_only = true;
   support::Scripted_prompts prompts;
-  EXPECT_FALSE(maps::Command1(files, prompts, place.program, {}));
-  ASSERT_EQ(prompts.shown.size(), 1U);
+  for (const char* word : {"Japanese", "English"}) {
+    prompts.use_language(word);
+    EXPECT_FALSE(maps::Command1(files, prompts, place.program, {}));
+  }
+  const std::string path = platform::join_path(place.program, "chizuset.dat");
+  EXPECT_EQ(prompts.shown, (std::vector<std::string>{"表示設定を保存できません: " + path,
+                                                     "The display settings can't be saved: " + path}));
+  EXPECT_EQ(place.files.length(place.in("chizuset.dat")), 0);
 }
 
 }  // namespace

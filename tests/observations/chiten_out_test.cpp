@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text_files.h"
+#include "support/places.h"
 #include "support/recorder.h"
+#include "table_rows.h"
 
 using observations::Chiten_choice;
 using observations::Number_shown;
@@ -76,11 +79,16 @@ TEST_F(Chiten_out, AnEnclosureIsARingAndSeeThroughWhereThatIsTicked) {
 }
 
 TEST_F(Chiten_out, AWordIsWritten) {
-  add(0, 1000, "文字").soukou = "断層破砕帯";
+  Record& record = add(0, 1000, "文字");
+  record.soukou = "断層破砕帯";
+  record.keisha = "30E";
+  record.G = 255;
   const auto texts = drawn().of("text");
   ASSERT_EQ(texts.size(), 1u);
   EXPECT_EQ(texts[0].text, "断層破砕帯");
   EXPECT_EQ(texts[0].points[0], (drawing::Point{100, 100}));
+  EXPECT_EQ(texts[0].colour, 0x00ff00u);
+  EXPECT_TRUE(drawn().of("line").empty()) << "its words are no strike";
 }
 
 TEST_F(Chiten_out, TheNumberStandsBesideThePoint) {
@@ -163,6 +171,41 @@ TEST_F(Chiten_out, APaintedPartGetsWhatReachesIntoItAndNoMore) {
   EXPECT_EQ(numbers({200, 260, 60, 60}), "");
 }
 
+// One reading is drawn on many views: what was kept for one of them must not stand for the next.
+TEST_F(Chiten_out, APartIsRightAfterEachMoveEachScaleAndEachFrame) {
+  add(100, 900, "●");  // at (200, 200), reaching 2 * 3 units and its pen to each side
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  const auto is_in = [&](double left, double top) {
+    Part_recorder surface;
+    surface.part = {left, top, 20, 20};
+    observations::chiten_out(surface, canvas, registry, drawn_records, {});
+    return surface.of("circle").size() == 1;
+  };
+  EXPECT_TRUE(is_in(190, 190));
+  EXPECT_FALSE(is_in(490, 190));
+  canvas.view_x = 300 * maps::twips_per_unit;
+  canvas.view_y = -90 * maps::twips_per_unit;
+  EXPECT_TRUE(is_in(490, 100));
+  EXPECT_FALSE(is_in(190, 190));
+  canvas.view_x = canvas.view_y = 0;
+  canvas.canvas_scale = 3;  // X to 100 + 300, Y to 100 + 3 * 100
+  EXPECT_TRUE(is_in(390, 390));
+  EXPECT_FALSE(is_in(190, 190));
+  canvas.canvas_scale = 1;
+  canvas.map_x0 = 40;  // X to 160
+  EXPECT_TRUE(is_in(150, 190));
+  EXPECT_FALSE(is_in(200, 190));
+}
+
+TEST_F(Chiten_out, ALineFarFromItsPointIsDrawnWhereItsVerticesLie) {
+  add(0, 0, "線").vertices = {{800, 900}, {800, 800}};  // from (900, 200) to (900, 300); the point at (100, 1100)
+  const auto drawn_records = observations::drawn_records(registry, {}, canvas);
+  Part_recorder surface;
+  surface.part = {904, 250, 20, 20};  // its pen and margin reach 6 units
+  observations::chiten_out(surface, canvas, registry, drawn_records, {});
+  EXPECT_EQ(surface.of("line").size(), 1u);
+}
+
 TEST_F(Chiten_out, OfALineOnlyTheSegmentsInThePaintedPartAreDrawn) {
   add(0, 0, "線").vertices = {{0, 1000}, {500, 1000}, {500, 600}, {0, 600}};
   Part_recorder surface;
@@ -191,4 +234,31 @@ TEST_F(Chiten_out, DrawingLeavesTheTableAsItIs) {
   const Record before = record;
   drawn({true, false, Number_shown::registration});
   EXPECT_EQ(registry.rows[1], before);
+}
+
+// The published field at places all over the east of the northern half, by the independent synthesis.
+TEST_F(Chiten_out, EachGeographicRecordTakesTheDeclinationOfItsOwnPlace) {
+  platform::Disk_files files;
+  const observations::Geomagnetic_field field =
+      observations::field_of_lines(platform::read_lines(files, support::golden_file("observations/igrf10.coef")));
+  std::vector<double> declinations;
+  for (const auto& row : observations_test::golden_rows("declination.csv")) {
+    const double x = observations_test::number(row, "longitude"), y = observations_test::number(row, "latitude");
+    if (x <= 10 || y <= 10 || y >= 90) continue;  // told apart from metres by their size
+    for (const char* done : {"0", "1"}) {
+      Record& record = add(x * 100'000, y * 100'000, "○");
+      record.soukou = "NS";
+      record.keisha = "30E";
+      record.henkaku_done = done;
+    }
+    declinations.push_back(observations_test::number(row, "declination"));
+  }
+  ASSERT_GT(declinations.size(), 10u);
+  const auto symbols = observations::drawn_records(registry, field, canvas).symbols;
+  ASSERT_EQ(symbols.size(), 2 * declinations.size());
+  for (std::size_t i = 0; i < declinations.size(); ++i) {
+    EXPECT_NEAR(symbols[2 * i].azimuth, declinations[i], 1e-6);
+    EXPECT_EQ(symbols[2 * i + 1].azimuth, 0) << "it is corrected";
+    EXPECT_TRUE(symbols[2 * i].true_north && symbols[2 * i + 1].true_north);
+  }
 }

@@ -28,6 +28,13 @@ TEST(Mark_out, ACircleHasTheRadiusOfHalfItsSize) {
   EXPECT_EQ(surface.calls[0].fill.style, drawing::Fill_style::none);
 }
 
+TEST(Mark_out, ACircleIsNeverSmallerThanTwo) {
+  EXPECT_EQ(painted("○", 0.2).calls[0].radius, 2);
+  EXPECT_EQ(painted("●", 0.2).calls[0].radius, 2);
+  EXPECT_EQ(painted("○", 0.5).calls[0].radius, 2.5);
+  EXPECT_EQ(painted("○", 1).calls[0].radius, 5);
+}
+
 TEST(Mark_out, CornersLieAtHalfTheSizeInXAndY) {
   EXPECT_EQ(painted("□").calls[0].points, Points({{90, 190}, {110, 190}, {110, 210}, {90, 210}}));
   EXPECT_EQ(painted("△").calls[0].points, Points({{100, 190}, {110, 210}, {90, 210}}));
@@ -61,7 +68,11 @@ TEST(Mark_out, FilledMarksAreFilledInTheirColour) {
 }
 
 TEST(Mark_out, MarksOutsideTheListPaintAllTheSame) {
-  EXPECT_EQ(painted("◎").calls[1].radius, 5);
+  const auto circles = painted("◎").of("circle");
+  ASSERT_EQ(circles.size(), 2u);
+  EXPECT_EQ(circles[0].radius, 10);
+  EXPECT_EQ(circles[1].radius, 5);
+  for (const support::Drawn& circle : circles) EXPECT_EQ(circle.fill.style, drawing::Fill_style::none);
   const auto cross = painted("×").of("line");
   ASSERT_EQ(cross.size(), 2u);
   EXPECT_EQ(cross[0].points, Points({{90, 190}, {110, 210}}));
@@ -71,12 +82,30 @@ TEST(Mark_out, MarksOutsideTheListPaintAllTheSame) {
   EXPECT_EQ(plus[1].points, Points({{90, 200}, {110, 200}}));
   const auto y = painted("Y").of("line");
   ASSERT_EQ(y.size(), 3u);
+  EXPECT_EQ(y[0].points, Points({{100, 200}, {90, 190}}));
+  EXPECT_EQ(y[1].points, Points({{100, 200}, {110, 190}}));
   EXPECT_EQ(y[2].points, Points({{100, 200}, {100, 210}}));
 }
 
 TEST(Mark_out, ASizeOf0CountsAs2AndOtherTextsPaintNothing) {
   EXPECT_EQ(painted("○", 0).calls[0].radius, 10);
   EXPECT_EQ(painted("○", 10).calls[0].radius, 50);
-  EXPECT_TRUE(painted("範囲").calls.empty());
+  for (const char* text : {"範囲", "Area", "線", "Line", "文字", "Word", "囲み", "◯", "y", "CIRCLE"})
+    EXPECT_TRUE(painted(text).calls.empty()) << text;
   EXPECT_TRUE(painted("").calls.empty());
+}
+
+TEST(Mark_out, APenIsAFifthWiderThanItIsToldAndNeverBelowOne) {
+  const std::pair<double, double> widths[] = {{-3, 1}, {0, 1}, {0.5, 1}, {1, 1}, {1.7, 2}, {2, 2}, {4, 4}, {5, 6}};
+  for (const auto& [told, drawn] : widths) {
+    support::Recorder surface;
+    observations::ld(surface, {1, 2}, {3, 4}, 0x123456, told);
+    observations::lc(surface, {5, 6}, 7, 0x123456, told);
+    ASSERT_EQ(surface.calls.size(), 2u);
+    EXPECT_EQ(surface.calls[0].points, Points({{1, 2}, {3, 4}}));
+    EXPECT_EQ(surface.calls[0].pen, (drawing::Pen{0x123456, drawn})) << told;
+    EXPECT_EQ(surface.calls[1].points, Points({{5, 6}}));
+    EXPECT_EQ(surface.calls[1].radius, 7);
+    EXPECT_EQ(surface.calls[1].pen, (drawing::Pen{0x123456, drawn})) << told;
+  }
 }

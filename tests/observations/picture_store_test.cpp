@@ -263,6 +263,30 @@ TEST_F(Picture_store, TurnsNothingWithoutAPicture) {
   EXPECT_EQ(disk.length(program("tmp.bmp")), 0);
 }
 
+TEST_F(Picture_store, TellsAPictureThatCannotBeReadForATurn) {
+  photo("b.jpg", "no picture");
+  take(1, "b.jpg");
+  EXPECT_FALSE(observations::gazou_kaiten(pictures_context(), boxes.places[1]));
+  EXPECT_THAT(prompts.shown, ElementsAre(HasSubstr("画像を読み込めません: ")));
+}
+
+TEST_F(Picture_store, KeepsAListThatCannotBeRead) {
+  photo("a.bmp", support::red_blue);
+  take(0, "a.bmp");
+  ASSERT_TRUE(store());
+  const std::string before = stored_bytes("081115-001.dat");
+  photo("b.bmp", support::red_blue);
+  take(0, "b.bmp");
+  files.unreadable = "081115-001.dat";
+  boxes.File2_point.clear();
+  EXPECT_FALSE(store());
+  EXPECT_THAT(prompts.shown.back(), HasSubstr("画像の一覧を読み込めないため、保存しません: "));
+  EXPECT_EQ(stored_bytes("081115-001.dat"), before);
+  files.unreadable.clear();
+  EXPECT_TRUE(store());
+  EXPECT_THAT(stored_bytes("081115-001.dat"), HasSubstr("a.bmp"));
+}
+
 TEST_F(Picture_store, DoesNotTurnWhatCanNotBeWritten) {
   photo("a.bmp", support::red_blue);
   take(0, "a.bmp");

@@ -210,6 +210,9 @@ TEST_F(Right_press_on_map, MovesTheRecordWhileThePanelIsOpen) {
   EXPECT_EQ(entry.boxes.Text14[box_X], "120.46");
   EXPECT_EQ(entry.boxes.Text14[box_Y], "60.0");
   EXPECT_EQ(registry.rows[1].X, 100) << "nothing is stored before the save";
+  EXPECT_TRUE(entry.marker_visible);
+  EXPECT_FLOAT_EQ(entry.marker.x, 110.456F * 0.5F + 110);  // it goes along
+  EXPECT_FLOAT_EQ(entry.marker.y, 740 * 0.5F + 80);
   EXPECT_EQ(entry.touroku, 1);
 }
 
@@ -237,6 +240,38 @@ TEST_F(Mnu_del, AsksForTheRecordByItsLabel) {
                                "[081115-003]を削除してよろしいですか。", "[May I delete the specified point?7]"}));
   EXPECT_EQ(files.calls("write_whole"), 0);
   EXPECT_EQ(entry.touroku, 0);
+}
+
+// What the map shows while a question is asked.
+struct Looking_prompts : support::Scripted_prompts {
+  const Entry& entry;
+  std::vector<std::pair<float, float>> markers;
+  explicit Looking_prompts(const Entry& looked_at) : entry(looked_at) {}
+
+ protected:
+  platform::Answer show(Kind kind, const std::string& text) override {
+    if (entry.marker_visible) markers.emplace_back(entry.marker.x, entry.marker.y);
+    return Scripted_prompts::show(kind, text);
+  }
+};
+
+// (200, 100) lies 190 m east of the frame's corner and 700 m below its upper edge, half a unit to the metre.
+TEST_F(Mnu_del, MarksTheRecordBeforeItAsksAndNoMoreAfterwards) {
+  three_points();
+  Looking_prompts looking(entry);
+  EXPECT_FALSE(mnu_del({settings, canvas, files, clock, looking}, entry, registry, click(205, 100)));
+  EXPECT_EQ(looking.markers, (std::vector<std::pair<float, float>>{{190 * 0.5F + 110, 700 * 0.5F + 80}}));
+  EXPECT_FALSE(entry.marker_visible);
+  EXPECT_EQ(entry.touroku, 0);
+}
+
+TEST_F(Mnu_del, TakesTheCurrentRecordWithoutASearch) {
+  three_points();
+  entry.touroku = 3;
+  prompts.answers = {platform::Answer::ok};
+  EXPECT_TRUE(del(100, 100));
+  EXPECT_EQ(bytes(), support::lines_932(
+                         {point_at("100.0", "100.0", "081115-001*7"), point_at("200.0", "100.0", "081115-002*")}));
 }
 
 TEST_F(Mnu_del, TakesTheLineOutAndLeavesTheOthersAsTheyStand) {

@@ -41,6 +41,75 @@ TEST_F(Registry_save, WritesTheFirstRecordOfAProject) {
   EXPECT_TRUE(prompts.shown.empty());
 }
 
+TEST_F(Registry_save, MakesTheFolderOfAProjectThatHasNone) {
+  settings.project_path = project = folder.text() + "\\fresh";
+  disk.make_folder(project);
+  read();
+  sinki();
+  EXPECT_TRUE(save().saved);
+  EXPECT_GT(disk.length(path()), 0);
+  EXPECT_EQ(bytes("csv\\tani.csv"), bytes());
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+// The folder that can't be made is passed over in silence; that the file can't be written then is told.
+TEST_F(Registry_save, TellsOnceWhereNeitherFolderNorFileCanBeMade) {
+  settings.project_path = project = folder.text() + "\\fresh";
+  disk.make_folder(project);
+  read();
+  sinki();
+  files.read_only = true;
+  EXPECT_FALSE(save().saved);
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_NE(prompts.shown.front().find("tani.csv"), std::string::npos);
+  EXPECT_FALSE(disk.folder_exists(path("")));
+}
+
+TEST_F(Registry_save, MarksACorrectedRecord) {
+  two_points();
+  open(2);
+  EXPECT_FALSE(entry.boxes.Check9);
+  entry.boxes.Check9 = true;
+  EXPECT_TRUE(save().saved);
+  EXPECT_EQ(bytes(), support::lines_932({point_at("100.0", "100.0", "081115-001*7"),
+                                         " 0 ,200.0,100.0,,,,,,081115-002,,○, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,1,,,,, 0 ,"}));
+}
+
+TEST_F(Registry_save, WritesTheMarkOfTheLanguageInWhichItWasMade) {
+  for (const char* language : {"Japanese", "English"}) {
+    settings.language = language;
+    put("");
+    entry = {};
+    read();
+    sinki();
+    EXPECT_TRUE(save().saved);
+    EXPECT_EQ(registry.rows[1].mark, settings.language == "English" ? "circle" : "○");
+  }
+  EXPECT_NE(bytes().find(",circle, 2 ,"), std::string::npos);
+}
+
+// A line that the reading skipped is in no row, so the file loses it.
+TEST_F(Registry_save, DropsTheLinesThatCountAsDeleted) {
+  put_lines(
+      {point_at("100.0", "100.0", "a"), " 0 ,1.0,2.0,,x-9999y,,,,gone,,○, 2 , 0 , 0 , 0 , 0 , 0 , 0 ,0,,,,, 0 ,"});
+  read();
+  open(1);
+  EXPECT_TRUE(save().saved);
+  EXPECT_EQ(bytes(), support::lines_932({point_at("100.0", "100.0", "a")}));
+}
+
+TEST_F(Registry_save, KeepsARecordWhoseYAloneIsNoDataUntilTheNextReading) {
+  two_points();
+  open(1);
+  entry.boxes.Text14[box_Y] = "-9999";
+  EXPECT_TRUE(save().saved);
+  EXPECT_EQ(bytes(), support::lines_932(
+                         {point_at("100.0", "-9999.0", "081115-001*7"), point_at("200.0", "100.0", "081115-002")}));
+  read();
+  ASSERT_EQ(registry.N, 1);
+  EXPECT_EQ(registry.rows[1].touroku_no, "081115-002");
+}
+
 TEST_F(Registry_save, WritesAChangedRecordInItsPlaceAndBacksTheFolderUp) {
   two_points();
   put("other", "other.csv");
@@ -265,6 +334,24 @@ TEST_F(Surface_add, AppendsAShortRecordAndDropsDeletedLines) {
   EXPECT_EQ(prompts.shown, (std::vector<std::string>{"sawa面に書き込みました。"}));
 }
 
+TEST_F(Surface_add, ReadsBackAsARecordOfEmptyColumnsBehindTheNumber) {
+  entry.boxes.Text14 = {"100", "200", "5", "", "", "N15W", "30E", "081115-001"};
+  entry.boxes.Combo2 = "sawa";
+  EXPECT_TRUE(surface_add(context(), entry));
+  settings.registry_name = "sawa.csv";
+  chisoumen_read(registry, files, 1, {path("sawa.csv")});
+  ASSERT_EQ(registry.N, 1);
+  const Record& copied = registry.rows[1];
+  EXPECT_EQ(copied.boundary, 1);
+  EXPECT_EQ(copied.X, 100);
+  EXPECT_EQ(copied.keisha, "30E");
+  EXPECT_EQ(copied.touroku_no, "081115-001");
+  EXPECT_EQ(copied.gazou + copied.mark + copied.henkaku_done, "");
+  EXPECT_EQ(copied.size, 2);
+  EXPECT_EQ(copied.R + copied.G + copied.B + copied.R2 + copied.G2 + copied.B2, 0);
+  EXPECT_TRUE(copied.vertices.empty());
+}
+
 TEST_F(Surface_add, SaysThatTheCopyOfACorrectedStrikeIsNotMarked) {
   entry.boxes.Combo2 = "sawa";
   entry.boxes.Check9 = true;
@@ -300,6 +387,29 @@ TEST_F(Surface_add, MakesASurfaceThatIsNotThereYet) {
   entry.boxes.Combo2 = "sawa";
   EXPECT_TRUE(surface_add(context(), entry));
   EXPECT_EQ(bytes("sawa.csv"), "1,,,,,,,,\r\n");
+}
+
+TEST_F(Surface_add, ReadsTheTargetOnce) {
+  put_lines({"1,2,3"}, "sawa.csv");
+  entry.boxes.Combo2 = "sawa";
+  files.log.clear();
+  EXPECT_TRUE(surface_add(context(), entry));
+  EXPECT_EQ(files.calls("read_bytes"), 1) << "read again it may fail, and the lines would be lost";
+  EXPECT_EQ(bytes("sawa.csv"), "1,2,3\r\n1,,,,,,,,\r\n");
+}
+
+TEST_F(Registry_save, IsRefusedWhereAMemoOfANewNumberCannotBeRemoved) {
+  disk.make_folder(path("txt"));
+  put_lines({"an old memo"}, "txt\\081115-001.txt");
+  read();
+  sinki();
+  ASSERT_EQ(entry.boxes.Text14[box_touroku_no], "081115-001");
+  files.read_only = true;
+  EXPECT_FALSE(save().saved);
+  EXPECT_EQ(prompts.shown, (std::vector<std::string>{"削除できません: " + path("txt\\081115-001.txt")}));
+  files.read_only = false;
+  EXPECT_TRUE(save().saved);
+  EXPECT_EQ(disk.length(path("txt\\081115-001.txt")), 0);
 }
 
 }  // namespace

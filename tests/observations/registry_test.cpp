@@ -74,6 +74,10 @@ TEST_F(Registry_read, FailsAtRecord15001AndIsIncomplete) {
   EXPECT_THROW(read(), platform::Subscript_failure);
   EXPECT_EQ(registry.N, 15'000);
   EXPECT_FALSE(registry.complete);
+  for (int i = 15'002; i <= 50'001; ++i) bytes += std::to_string(i) + ",1,2\r\n";
+  put(bytes);
+  EXPECT_THROW(read(), platform::Subscript_failure);
+  EXPECT_EQ(registry.N, 15'000);
 }
 
 TEST_F(Registry_read, ReadsTheDeletedLinesBeyondTheLimitWithoutAFault) {

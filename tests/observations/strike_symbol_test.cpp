@@ -267,3 +267,29 @@ TEST(Strike_symbol, ALineationBesideAPlaneIsDrawnToo) {
   ASSERT_EQ(lines.size(), 5u);
   expect_line(lines[2], 500, 500, 500, 550);
 }
+
+// Either of the two texts is enough for an arrow; the other reads as nothing.
+TEST(Strike_symbol, ALineationWithoutStrikeAndDipDrawsNothing) {
+  Record record = plane("", "");
+  record.taishou = "線構造";
+  EXPECT_TRUE(drawn(record).calls.empty());
+  record.soukou = "90";
+  expect_line(drawn(record).of("line").at(0), 500, 500, 550, 500);
+  record.soukou = "";
+  record.keisha = "20";
+  expect_line(drawn(record).of("line").at(0), 500, 500, 500, 450);
+}
+
+TEST(Strike_symbol, AllLengthsAndOffsetsGrowWithTheScale) {
+  support::Recorder surface;
+  Record record = plane("N90E", "30S");
+  record.sen_houkou = "180";
+  record.sen_keisha = "20";
+  observations::symbol_out(surface, {500, 500}, observations::symbol_of(record, 0, true), 2, 16);
+  const auto lines = surface.of("line");
+  ASSERT_EQ(lines.size(), 5u);
+  expect_line(lines[0], 450, 500, 550, 500);  // 100 long in all
+  expect_line(lines[1], 500, 500, 500, 530);
+  expect_line(lines[2], 500, 500, 500, 600);
+  EXPECT_EQ(surface.of("text").at(0).points.at(0), (drawing::Point{500, 520}));  // "S": 10 below
+}

@@ -40,3 +40,15 @@ TEST(Left_over, AMissingFolderHasNone) {
   files.remove_left_over(folder.text() + "/none");
   EXPECT_FALSE(files.folder_exists(folder.text() + "/none"));
 }
+
+TEST(Left_over, TheFirstWriteToAFolderSweepsIt) {
+  support::Temporary_folder folder;
+  const std::string left = folder.text() + "/" + left_by_a_dead_process;
+  platform::Disk_files().write_whole(left, "1");
+  platform::Disk_files files;
+  files.write_whole(folder.text() + "/genchi.csv", "1");
+  EXPECT_EQ(files.length(left), 0);
+  files.write_whole(left, "1");
+  files.write_whole(folder.text() + "/genchi.csv", "2");
+  EXPECT_EQ(files.length(left), 1) << "once is enough: what comes later was left by nobody";
+}

@@ -213,6 +213,7 @@ check_bmp() {
 # The saved png is what stands on the display, to the pixel; the bmp is the same; the jpeg nearly.
 save_pictures() {
   local seen_x seen_y saved_x saved_y width height png psnr
+  keys ctrl+m  # the frame of a map that has the keyboard is not part of the picture
   wait_still "$road/seen.ppm"
   save_picture p png
   png=$saved

@@ -33,7 +33,6 @@ save_and_die() {
   window_wait "$main_title"
   keys alt+f
   sleep 0.3
-  keys Down
   keys Return
   window_wait "$settings_title"
   keys ctrl+Tab

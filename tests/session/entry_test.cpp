@@ -1,5 +1,7 @@
 #include "core/session/entry.h"
 
+#include <algorithm>
+
 #include "core/session/redraw.h"
 #include "core/session/undo.h"
 #include "session/session_fixture.h"
@@ -278,6 +280,38 @@ TEST_F(Entry, WhatIsInNoFileYetOutlivesAReadingOfTheRegistry) {
   ASSERT_TRUE(session::Command9(session, ports).saved);
   EXPECT_EQ(session.registry.N, 2);
   EXPECT_EQ(session.registry.rows[2].vertices.size(), 2u);
+}
+
+// A strike that can't be corrected is told once, and again in no view of the same run.
+TEST_F(Entry, AMissingCoefficientFileIsToldOnceInARun) {
+  save_new(300, 400);
+  save_new(600, 700);
+  session::registry_r(session, ports);
+  const std::string told =
+      "Strikes are shown without declination, since the coefficient file igrf10.coef is not in the program folder.";
+  EXPECT_EQ(std::count(prompts.shown.begin(), prompts.shown.end(), told), 1);
+}
+
+TEST_F(Entry, AMissingCoefficientFileIsNoWordWhereNoStrikeNeedsIt) {
+  open_new(300, 400);
+  box(observations::box_soukou) = "N15W";
+  box(observations::box_keisha) = "30E";
+  session.entry.boxes.Check9 = true;
+  ASSERT_TRUE(session::Command9(session, ports).saved);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+// A view that is built anew shows what the file holds now, and nothing that was kept.
+TEST_F(Entry, ChoosingASheetReadsTheRegistryAgain) {
+  save_new(600, 700);
+  files.write_whole(project() + "/chisou_men/genchi.csv", "1,5,6,,,,,,first\r\n1,7,8,,,,,,second\r\n");
+  session::chizu_out(session, ports, 0);
+  ASSERT_EQ(session.registry.N, 2);
+  EXPECT_EQ(session.registry.rows[1].touroku_no, "first");
+  EXPECT_EQ(session.registry.rows[2].X, 7);
+  files.remove(project() + "/chisou_men/genchi.csv");
+  session::chizu_out(session, ports, 0);
+  EXPECT_EQ(session.registry.N, 0);
 }
 
 // The settings, with another registration file or project, are saved while the panel is open.

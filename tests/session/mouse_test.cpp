@@ -156,6 +156,59 @@ TEST_F(Mouse, ADragOfExactly100TwipsIsNoPan) {
   EXPECT_EQ(session.canvas.view_x, 0);
 }
 
+TEST_F(Mouse, ADragOf101TwipsInOneDirectionIsAPan) {
+  press(Button::left, 3000, 3000);
+  EXPECT_TRUE(session::mouse_release(session, {Button::left, 3000, 2899}).taken);
+  EXPECT_EQ(session.bars.vertical.value, 20);
+  EXPECT_EQ(session.bars.horizontal.value, 0);
+}
+
+TEST_F(Mouse, AReleaseWhileALineIsOpenIsNoPan) {
+  press(Button::left, 3000, 3000);
+  session.flags.line_mode = 1;
+  EXPECT_FALSE(session::mouse_release(session, {Button::left, 4000, 3000}).taken);
+  EXPECT_EQ(session.canvas.view_x, 0);
+}
+
+TEST_F(Mouse, TheSectionBandFollowsFromTheFirstEndOn) {
+  session::Command25(session);
+  EXPECT_FALSE(session::mouse_move(session, 2000, 2000).taken);
+  EXPECT_FALSE(session.section_rubber.visible);
+  press(Button::left, 3000, 3000);
+  EXPECT_EQ(session::mouse_move(session, 2000, 4000).redraw, Redraw::overlay);
+  const session::Rubber& band = session.section_rubber;
+  EXPECT_TRUE(band.visible);
+  EXPECT_EQ(band.x0, 3000);
+  EXPECT_EQ(band.y0, 3000);
+  EXPECT_EQ(band.x1, 2000);
+  EXPECT_EQ(band.y1, 4000);
+}
+
+TEST_F(Mouse, TheModelRectangleFollowsInAnyDirection) {
+  session.flags.model_box_step = 2;
+  session.model_rubber = {true, 3000, 3000, 3000, 3000};
+  EXPECT_TRUE(session::mouse_move(session, 1000, 2000).taken);
+  EXPECT_EQ(session.model_rubber.x1, 1000);
+  EXPECT_EQ(session.model_rubber.y1, 2000);
+}
+
+// The section line is begun while the rectangle of the zoom still waits for its second corner.
+TEST_F(Mouse, TheBandsOfTwoToolsBothFollow) {
+  session::Command19(session);
+  press(Button::left, 1500, 1500);
+  session::Command25(session);
+  press(Button::left, 3000, 3000);
+  session::mouse_move(session, 4500, 3300);
+  EXPECT_EQ(session.section_rubber.x1, 4500);
+  EXPECT_EQ(session.section_rubber.y1, 3300);
+  EXPECT_EQ(session.zoom_rubber.x1, 4500);
+  EXPECT_EQ(session.zoom_rubber.y1, 3300);
+}
+
+TEST_F(Mouse, AMoveWithoutAToolMovesNothing) {
+  EXPECT_FALSE(session::mouse_move(session, 4500, 3300).taken);
+}
+
 // 505 twips to the right: the bar moves by a fifth against the drag, the picture by as much with the hand.
 TEST_F(Mouse, ALongerDragMovesThePictureByAFifthWithTheHand) {
   press(Button::left, 3000, 3000);
@@ -198,6 +251,9 @@ TEST_F(Mouse, The149thVertexShowsTheMessageAndTheLineStaysOpenWith148) {
   EXPECT_EQ(session.flags.line_count, 148);
   EXPECT_EQ(session.flags.line_mode, 1);
   EXPECT_EQ(prompts.shown, std::vector<std::string>{"Number of Point over!"});
+  prompts.use_language("Japanese");
+  press(Button::left, 3000, 3000);
+  EXPECT_EQ(prompts.shown.back(), "これ以上囲み線を入力できません。");
 }
 
 TEST_F(Mouse, TheFirstArmedToolOfTheTableTakesThePress) {
@@ -245,6 +301,47 @@ TEST_F(Mouse, TheRightButtonHasItsOwnOrder) {
   flags.line_mode = flags.model_box_step = 0;
   press(Button::right, 3000, 3000);
   EXPECT_EQ(took, "menu");
+}
+
+TEST_F(Mouse, EachRowOfTheTableTakesItsButtonOnly) {
+  struct Row {
+    int core::Interaction::*flag;
+    int value;
+    const char *left, *right;
+  };
+  using Flags = core::Interaction;
+  constexpr Row rows[] = {
+      {&Flags::section_step, 1, "section first end", "section stop"},
+      {&Flags::section_step, 2, "section second end", "section stop"},
+      {&Flags::zoom_box_step, 1, "zoom first corner", "zoom stop"},
+      {&Flags::zoom_box_step, 2, "zoom second corner", "zoom stop"},
+      {&Flags::line_mode, 1, "line vertex", "point menu"},
+      {&Flags::model_box_step, 1, "model corner", "model corner"},
+      {&Flags::model_box_step, 2, "model corner", "model corner"},
+      {&Flags::point_mode, 1, "position", "point menu"},
+      {&Flags::data_dirty, 1, "link", "point menu"},
+      {&Flags::gps_running, 1, "link", "point menu"},
+  };
+  for (auto* const member : {&tools.line_vertex, &tools.line_free_end, &tools.model_corner, &tools.fix_point,
+                             &tools.point_menu, &tools.open_link})
+    *member = tool("any");
+  for (const Row& row : rows) {
+    session.flags = {};
+    session.flags.*row.flag = row.value;
+    EXPECT_EQ(session::press_taker(session, tools, Button::left), row.left);
+    EXPECT_EQ(session::press_taker(session, tools, Button::right), row.right) << row.left;
+  }
+  session.flags = {.line_mode = 1, .line_count = 147};
+  EXPECT_EQ(session::press_taker(session, tools, Button::left), "line vertex");
+  EXPECT_EQ(session::press_taker(session, tools, Button::right), "line free end");
+  session.flags.line_count = 148;
+  EXPECT_EQ(session::press_taker(session, tools, Button::left), "line full");
+}
+
+TEST_F(Mouse, AToolThatIsNotThereLeavesThePressToTheNextRow) {
+  session.flags = {.line_mode = 1, .line_count = 1, .model_box_step = 1, .point_mode = 1};
+  EXPECT_EQ(session::press_taker(session, {}, Button::left), "");
+  EXPECT_EQ(session::press_taker(session, {}, Button::right), "");
 }
 
 TEST_F(Mouse, APressThatFindsNoLinkPreparesADrag) {

@@ -9,10 +9,12 @@ namespace support {
 
 class Temporary_folder {
  public:
-  Temporary_folder() {
+  // In the machine's folder for such ones, or in another that is there.
+  explicit Temporary_folder(std::filesystem::path where = {}) {
+    if (where.empty()) where = std::filesystem::temp_directory_path();
     std::random_device random;
     do {
-      path_ = std::filesystem::temp_directory_path() / ("terranote_test_" + std::to_string(random()));
+      path_ = where / ("terranote_test_" + std::to_string(random()));
     } while (!std::filesystem::create_directory(path_));
   }
   ~Temporary_folder() {

@@ -94,6 +94,7 @@ void write_pictures(Files& files, const Country& country, const Making& making, 
 
   std::mutex guard;
   std::exception_ptr failure;
+  int saved = 0;
   in_parallel(static_cast<int>(jobs.size()), [&](int i) {
     const Picture_job& job = jobs[static_cast<std::size_t>(i)];
     try {
@@ -102,12 +103,18 @@ void write_pictures(Files& files, const Country& country, const Making& making, 
       const QImage indexed = to_palette(picture, job.view.theme == Theme::topographic ? shared : fit_palette(picture));
       const std::lock_guard lock(guard);
       save(files, job.path + ".bmp", indexed);
+      if (making.progress) making.progress(++saved, static_cast<int>(jobs.size()));
     } catch (...) {
       const std::lock_guard lock(guard);
       failure = std::current_exception();
     }
   });
   if (failure) std::rethrow_exception(failure);
+}
+
+void write_general(Files& files, const std::string& program) {
+  files.write_whole(join_path(program, "igrf10.coef"), field_bytes());
+  files.write_whole(join_path(program, "def.dbf"), exchange::dbf_bytes("NAME", "", table_made));
 }
 
 void write_tables(Files& files, const Country& country, const std::string& program) {
@@ -124,8 +131,7 @@ void write_tables(Files& files, const Country& country, const std::string& progr
   write("mps\\kirisawa.mps", boundary_bytes(country, northern_municipality));
   write("mps\\semigawa.mps", boundary_bytes(country, southern_municipality));
   write("TKY2JGD.par", shift_bytes());
-  write("igrf10.coef", field_bytes());
-  write("def.dbf", exchange::dbf_bytes("NAME", "", table_made));
+  write_general(files, program);
   platform::Line_writer language;
   language.line("Japanese");
   write("Language.set", language.bytes());
@@ -161,6 +167,11 @@ void make_folder(Files& files, const std::string& path) {
 
 bool may_write(Files& files, const std::string& target) {
   return !files.folder_exists(target) || files.length(join_path(target, marker)) > 0;
+}
+
+void make_general(Files& files, const std::string& folder) {
+  make_folder(files, folder);
+  write_general(files, folder);
 }
 
 void make_folders(Files& files, const Making& making) {

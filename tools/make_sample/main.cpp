@@ -1,10 +1,12 @@
-// make_sample [--full-size | --sheet-width <pixels>] <target folder>
-// Writes the sample: <target folder>/program and <target folder>/project.
+// make_sample [--progress] [--full-size | --sheet-width <pixels>] <target folder>
+// Writes the sample: <target folder>/program and <target folder>/project. With --progress it prints "3 16" when the
+// third of 16 pictures is done. make_sample --general <folder> Writes what belongs into any program folder.
 
 #include <QDir>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QTextStream>
+#include <string_view>
 
 #include "make_sample/folders.h"
 #include "platform/failures.h"
@@ -27,9 +29,17 @@ int say(const QString& sentence) {
   return 1;
 }
 
+void print_progress(int made, int of) {
+  QTextStream(stdout) << made << ' ' << of << Qt::endl;
+}
+
 // False with a wrong or missing argument.
 bool read_arguments(const QStringList& arguments, sample::Making& making) {
   QStringList rest = arguments.mid(1);
+  if (rest.value(0) == "--progress") {
+    making.progress = print_progress;
+    rest.removeFirst();
+  }
   if (rest.size() == 2 && rest[0] == "--full-size") {
     making.sheet_width = full_width;
     rest.removeFirst();
@@ -42,24 +52,39 @@ bool read_arguments(const QStringList& arguments, sample::Making& making) {
   return making.sheet_width >= least_width && making.sheet_width <= most_width;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
+int make_sample(platform::Files& files, const QStringList& arguments) {
   sample::Making making;
-  if (!read_arguments(QCoreApplication::arguments(), making))
-    return say("usage: make_sample [--full-size | --sheet-width <pixels, 100 to 8000>] <target folder>");
-  platform::Disk_files files;
+  if (!read_arguments(arguments, making))
+    return say(
+        "usage: make_sample [--progress] [--full-size | --sheet-width <pixels, 100 to 8000>] <target folder>\n"
+        "       make_sample --general <folder>");
   if (!sample::may_write(files, making.target))
     return say(
         QString("%1 was not made by make_sample, so it is left alone.").arg(QString::fromStdString(making.target)));
   making.font = japanese_family();
   if (making.font.isEmpty()) say("No Japanese font is installed, so the maps are drawn without names.");
+  sample::make_folders(files, making);
+  return 0;
+}
+
+// The general files have no letters to draw, so the toolkit isn't started for them.
+int make(platform::Files& files, int argc, char** argv) {
+  if (argc == 3 && std::string_view(argv[1]) == "--general") {
+    sample::make_general(files, QDir(QString::fromLocal8Bit(argv[2])).absolutePath().toStdString());
+    return 0;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return make_sample(files, QCoreApplication::arguments());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  platform::Disk_files files;
   try {
-    sample::make_folders(files, making);
+    return make(files, argc, argv);
   } catch (const platform::Failure& failure) {
     return say(QString("The sample could not be made: %1.").arg(QString::fromStdString(failure.what())));
   }
-  return 0;
 }

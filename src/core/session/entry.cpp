@@ -209,8 +209,13 @@ bool mnu_del(Session& session, Ports& ports) {
     ports.prompts.message(file_too_long);
   }
   if (!session.entry.open) entry_close(session);
-  if (gone) registry_r(session, ports);
-  return gone;
+  if (!gone) return false;
+  session.highlighted = 0;  // its number is another record's now
+  if (ports.journal.state() == platform::Journal_state::kept)
+    session.notice = {"地点を削除しました。Ctrl+Zで元に戻せます。",
+                      "The observation was deleted. Ctrl+Z brings it back."};
+  registry_r(session, ports);
+  return true;
 }
 
 bool leave_entry(Session& session, Ports& ports) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/save_messages.h"
 #include "core/session/entry.h"
 #include "core/session/tools.h"
 #include "core/settings_files.h"
@@ -41,9 +42,9 @@ void section_save(Context c) {
   const platform::Journal_operation operation(c.ports.journal, "断面線", "Section line");
   try {
     core::danmen_line_w(c.ports.files, folder, c.session.section);
-  } catch (const platform::File_failure&) {
-    const std::string path = platform::join_path(folder, "danmen.dat");
-    c.ports.prompts.message("断面線を保存できません: " + path, "The section line can't be saved: " + path);
+  } catch (const platform::File_failure& failure) {
+    core::file_failed(c.ports.prompts, {"断面線を保存できません: ", "The section line can't be saved: "},
+                      platform::join_path(folder, "danmen.dat"), failure);
   }
 }
 
@@ -169,31 +170,23 @@ std::string press_taker(const Session& session, const Map_tools& tools, Button b
   return row == press_table.data() + press_table.size() ? "" : row->name;
 }
 
+// More than one band may be open, since a tool that is armed later waits behind the first: each follows.
 Mouse_result mouse_move(Session& session, double x, double y) {
   const core::Interaction& flags = session.flags;
-  if (flags.section_step == 2) {
-    session.section_rubber.x1 = x;
-    session.section_rubber.y1 = y;
-    return taken(Redraw::overlay);
-  }
-  if (flags.zoom_box_step == 2) {
-    Rubber& box = session.zoom_rubber;
-    if (x > box.x0 && y > box.y0) {
-      box.x1 = x;
-      box.y1 = y;
-    }
-    return taken(Redraw::overlay);
-  }
+  bool moved = false;
+  const auto follow = [&](Rubber& band) {
+    band.x1 = x;
+    band.y1 = y;
+    moved = true;
+  };
+  if (flags.section_step == 2) follow(session.section_rubber);
+  if (flags.zoom_box_step == 2 && x > session.zoom_rubber.x0 && y > session.zoom_rubber.y0) follow(session.zoom_rubber);
   if (flags.line_mode > 0 && !session.line_end_fixed) {
     session.line_end = observations::stored_position(session.canvas, maps::henkan_M(session.canvas, x, y));
-    return taken(Redraw::overlay);
+    moved = true;
   }
-  if (flags.model_box_step > 0 && session.model_rubber.visible) {
-    session.model_rubber.x1 = x;
-    session.model_rubber.y1 = y;
-    return taken(Redraw::overlay);
-  }
-  return {};
+  if (flags.model_box_step > 0 && session.model_rubber.visible) follow(session.model_rubber);
+  return moved ? taken(Redraw::overlay) : Mouse_result{};
 }
 
 Mouse_result mouse_release(Session& session, const Press& release) {

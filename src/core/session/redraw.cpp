@@ -1,5 +1,6 @@
 #include "core/session/redraw.h"
 
+#include "core/session/sheet.h"
 #include "maps/boundaries.h"
 #include "maps/grid_out.h"
 #include "observations/chiten_out.h"
@@ -44,9 +45,10 @@ void 画面再表示(Session& session, drawing::Surface& surface) {
   observations::chiten_out(surface, session.canvas, session.registry, session.drawn_records, choice);
 }
 
-Redraw re_gamen(Session& session) {
+Redraw re_gamen(Session& session, Ports& ports) {
   const Sheet_list& sheets = session.sheets;
   if (sheets.selected >= 0) session.current_sheet = sheets.List2[static_cast<std::size_t>(sheets.selected)];
+  if (session.sheet_shown()) registry_r(session, ports);
   return Redraw::all;
 }
 

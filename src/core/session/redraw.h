@@ -14,7 +14,7 @@ void 画面再表示(Session& session, drawing::Surface& surface);
 // Brings the section line's controls to where its ends stand now.
 void place_section_controls(Session& session);
 
-// Takes the list's selected row as the current sheet without loading its pictures again.
-Redraw re_gamen(Session& session);
+// Takes the list's selected row as the current sheet and reads its points again, without loading its pictures.
+Redraw re_gamen(Session& session, Ports& ports);
 
 }  // namespace session

@@ -62,8 +62,8 @@ Activated form_activate(Session& session, Ports& ports, const Activation& activa
   settings.language = core::language_r(ports.files, settings.program_path);
   ports.prompts.use_language(settings.language);
   sheet_list_r(session, ports);
-  session.flags = {};
-  session.flags.pan_flag = session.flags.pan_flag_v = 1;
+  // The receiver is no tool of the mouse: one that is read goes on.
+  session.flags = {.gps_running = session.flags.gps_running, .pan_flag = 1, .pan_flag_v = 1};
   session.cut_map_project = core::is_cut_map_project(ports.files, settings.project_path);
   if (session.cut_map_project) session.canvas.grid_nx = session.canvas.grid_ny = 100;
   session.stratum_names = stratum_names_r(ports.files, settings.project_path);

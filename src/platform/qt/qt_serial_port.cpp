@@ -1,6 +1,5 @@
 #include "platform/qt/qt_serial_port.h"
 
-#include <QCollator>
 #include <QDir>
 #include <QFileInfo>
 #include <QSerialPort>
@@ -9,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/natural_order.h"
 #include "platform/numbers.h"
 
 namespace platform {
@@ -34,13 +34,10 @@ bool is_there(const QString& path) {
   return link.isSymLink() || link.exists();
 }
 
-// "ttyUSB2" comes before "ttyUSB10".
 QList<QSerialPortInfo> machine_devices() {
   QList<QSerialPortInfo> devices = QSerialPortInfo::availablePorts();
-  QCollator order(QLocale::c());
-  order.setNumericMode(true);
-  std::sort(devices.begin(), devices.end(), [&](const QSerialPortInfo& a, const QSerialPortInfo& b) {
-    return order.compare(a.portName(), b.portName()) < 0;
+  std::sort(devices.begin(), devices.end(), [](const QSerialPortInfo& a, const QSerialPortInfo& b) {
+    return comes_before(a.portName().toStdString(), b.portName().toStdString());
   });
   return devices;
 }
@@ -79,6 +76,11 @@ QSerialPort::StopBits stop_bits_of(double count) {
 }
 
 }  // namespace
+
+bool comes_before(const std::string& device, const std::string& other) {
+  const int order = natural_order(device, other);
+  return order == 0 ? device < other : order < 0;
+}
 
 std::string serial_device_path(Files& files, const std::string& program_path, int number) {
   if (number < 1) return {};

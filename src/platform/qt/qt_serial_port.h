@@ -13,6 +13,9 @@ class QSerialPort;
 
 namespace platform {
 
+// The order in which the machine's devices are counted, by their names: "ttyACM0", "ttyUSB2", "ttyUSB10".
+bool comes_before(const std::string& device, const std::string& other);
+
 // The machine's path of the device that a number means; empty when it means none.
 std::string serial_device_path(Files& files, const std::string& program_path, int number);
 

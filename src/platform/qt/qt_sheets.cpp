@@ -84,8 +84,8 @@ bool is_filled(Sheet_outcome outcome) {
 
 }  // namespace
 
-Sheet_helper sheet_helper() {
-  return {QCoreApplication::applicationDirPath().toStdString() + "/fill_sheet.py"};
+Sheet_helper sheet_helper(const std::string& helpers) {
+  return {helpers + "/fill_sheet.py"};
 }
 
 Sheet_outcome Qt_sheets::fill(const Sheet_job& job) {

@@ -16,8 +16,8 @@ struct Sheet_helper {
   int seconds = 60;    // what a sheet may take
 };
 
-// fill_sheet.py beside the executable of this program.
-Sheet_helper sheet_helper();
+// fill_sheet.py in the folder of the program's helpers.
+Sheet_helper sheet_helper(const std::string& helpers);
 
 class Qt_sheets : public Sheets {
  public:

@@ -4,7 +4,13 @@
 
 #include <QTest>
 
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "emulator/tests/line_end.h"
 #include "support/temporary_folder.h"
@@ -41,6 +47,31 @@ TEST_F(Qt_serial_port, TalksToTheDeviceThatALinkPointsAt) {
   EXPECT_TRUE(port.write("o2"));
   EXPECT_TRUE(hears("END\r\n"));
   EXPECT_EQ(port.read_all(), "");
+}
+
+// What the device's line stands at, as the system tells it to anybody who asks.
+termios line_of(const std::string& device) {
+  termios line{};
+  const int file = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+  EXPECT_EQ(::tcgetattr(file, &line), 0) << device;
+  ::close(file);
+  return line;
+}
+
+TEST_F(Qt_serial_port, SetsTheLineWithoutParityAndFlowControl) {
+  const support::Line_end end(folder.path(), "com07", emulator::Conversation{});
+  for (const auto& [settings, speed] : {std::pair("9600,n,8,1", B9600), std::pair("4800,n,8,1", B4800)}) {
+    port.close();
+    port.set_port(7);
+    port.set_line(settings);
+    ASSERT_TRUE(port.open());
+    const termios line = line_of(end.line.path());
+    EXPECT_EQ(::cfgetospeed(&line), static_cast<speed_t>(speed));
+    EXPECT_EQ(::cfgetispeed(&line), static_cast<speed_t>(speed));
+    EXPECT_EQ(line.c_cflag & CSIZE, static_cast<tcflag_t>(CS8));
+    EXPECT_EQ(line.c_cflag & (PARENB | CSTOPB | CRTSCTS), 0u);
+    EXPECT_EQ(line.c_iflag & (IXON | IXOFF), 0u);
+  }
 }
 
 TEST_F(Qt_serial_port, FailsToOpenANumberWithoutADevice) {
@@ -110,6 +141,22 @@ TEST_F(Qt_serial_port, ListsTheLinksThatPointAtSomething) {
   EXPECT_EQ(of(7)->name, end.line.path());
   EXPECT_EQ(of(8), devices.end());
   EXPECT_NE(platform::serial_device_path(files, folder.text(), 8), "") << "its number is still the link's";
+}
+
+TEST(Serial_devices, AreCountedInTheOrderOfTheirNumbers) {
+  std::vector<std::string> names{"ttyUSB10", "ttyUSB2", "ttyACM11", "ttyS0", "ttyUSB02", "ttyACM9"};
+  std::sort(names.begin(), names.end(), platform::comes_before);
+  EXPECT_THAT(names, ElementsAre("ttyACM9", "ttyACM11", "ttyS0", "ttyUSB02", "ttyUSB2", "ttyUSB10"));
+}
+
+// On a machine with serial devices of its own; numbers that a link has are the link's.
+TEST(Serial_devices, HaveTheirPathsByTheirNumbers) {
+  const support::Temporary_folder folder;
+  platform::Disk_files files;
+  const auto devices = platform::serial_devices(files, folder.text());
+  if (devices.empty()) GTEST_SKIP() << "this machine has no serial device";
+  for (const platform::Serial_device& device : devices)
+    EXPECT_EQ(platform::serial_device_path(files, folder.text(), device.number), device.path);
 }
 
 TEST(Line_settings, AreReadAndFallBackPartByPart) {

@@ -85,6 +85,8 @@ struct Tiltvane_dialog : testing::TestWithParam<const char*> {
   std::string bytes(const char* name) const { return support::bytes_of((folder.path() / name).string()); }
   std::vector<std::string> table() { return platform::read_lines(files, folder.text() + "\\TMP2.TMP"); }
   QString label() const { return find<QLabel>("status")->text(); }
+  // The hue of the label's text in degrees: red 0, blue 240, magenta 300.
+  int hue() const { return find<QLabel>("status")->palette().color(QPalette::WindowText).hsvHue(); }
   QString not_there() const {
     return either("Tiltvaneが見つかりません。Tiltvaneの電源,ケーブル接続を確認して下さい。",
                   "There is not Tiltvane.  ");
@@ -219,6 +221,7 @@ TEST_P(Tiltvane_dialog, ReadsOneRecord) {
   ASSERT_TRUE(ends());
   EXPECT_THAT(prompts.shown, IsEmpty());
   EXPECT_EQ(label(), either("Tiltvaneと接続しました。", "it connects Tiltvane. "));
+  EXPECT_EQ(hue(), 240);
   EXPECT_EQ(table().size(), 2u);
   EXPECT_EQ(find<QTabWidget>("SSTab1")->currentIndex(), 1);
   EXPECT_TRUE(find<QPushButton>("start")->isVisibleTo(find<QWidget>("TiltvaneConnect")));
@@ -275,6 +278,7 @@ TEST_P(Tiltvane_dialog, TellsThatASilentInstrumentIsNotThere) {
   ASSERT_TRUE(ends());
   EXPECT_THAT(prompts.shown, ElementsAre(not_there().toStdString()));
   EXPECT_EQ(label(), either("Tiltvane未接続", "Tiltvane don't connect"));
+  EXPECT_EQ(hue(), 0);
   EXPECT_TRUE(find<QPushButton>("start")->isVisible());
 }
 
@@ -403,6 +407,7 @@ TEST_P(Tiltvane_dialog, BlinksWhileItSearches) {
   press("start");
   const QString text = either("Tiltvaneを探しています。", "Seaching Tiltvane");
   EXPECT_EQ(label(), text);
+  EXPECT_EQ(hue(), 300);
   EXPECT_TRUE(QTest::qWaitFor([&] { return label().isEmpty(); }, 3000));
   EXPECT_TRUE(QTest::qWaitFor([&] { return label() == text; }, 3000));
 }
@@ -428,6 +433,28 @@ TEST_P(Tiltvane_dialog, TellsInASentenceWhenNothingCanBeWritten) {
 
 // ---- the small dialog
 
+TEST_P(Tiltvane_dialog, TellsInTheSmallDialogThatASilentInstrumentIsNotThere) {
+  const support::Line_end end(folder.path(), "com05", support::conversation("silence.txt"));
+  open<ui::Frm_Tiltvane>();
+  hurry();
+  press("start");
+  ASSERT_TRUE(ends());
+  EXPECT_THAT(prompts.shown, ElementsAre(not_there().toStdString()));
+  EXPECT_EQ(hue(), 0);
+  EXPECT_TRUE(dialog->isVisible());
+}
+
+// The search is the full dialog's; the small one keeps to the port that is set, whatever the other has left ticked.
+TEST_P(Tiltvane_dialog, SearchesNoPortInTheSmallDialog) {
+  put("RSPORT.dat", "05\r\n999\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n-6.5\r\n1\r\n");
+  const support::Line_end end(folder.path(), "com05", support::conversation("split_end.txt"));
+  open<ui::Frm_Tiltvane>();
+  hurry();
+  press("start");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !dialog->isVisible(); }, 20'000));
+  EXPECT_EQ(table().size(), 3u);
+}
+
 TEST_P(Tiltvane_dialog, ReadsInTheSmallDialogAndGoes) {
   const support::Line_end end(folder.path(), "com05", support::conversation("split_end.txt"));
   open<ui::Frm_Tiltvane>();
@@ -438,7 +465,9 @@ TEST_P(Tiltvane_dialog, ReadsInTheSmallDialogAndGoes) {
   if (japanese()) {
     EXPECT_THAT(find<QPushButton>("start")->text().toStdString(), HasSubstr("読込み実行"));
     EXPECT_THAT(find<QPushButton>("Command50")->text().toStdString(), HasSubstr("中止"));
+    EXPECT_EQ(find<QComboBox>("Combo8")->accessibleName(), "接続COMポート番号");
   }
+  for (const char* name : {"Check3", "Text1"}) EXPECT_FALSE(dialog->findChild<QWidget*>(name)) << name;
   hurry();
   press("start");
   EXPECT_EQ(bytes("RSPORT.dat"), "05\r\n999\r\n");

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QImage>
 #include <QLabel>
@@ -10,9 +11,11 @@
 #include <QTest>
 #include <QTimer>
 
-#include <fstream>
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include "core/session/start_up.h"
 #include "emulator/pseudo_terminal.h"
@@ -22,6 +25,7 @@
 #include "support/fake_ports.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
+#include "ui/canvas_view.h"
 #include "ui/frm_main.h"
 
 namespace {
@@ -66,6 +70,11 @@ struct Window_instruments : testing::Test {
                                   "1000",  "1000",   "500",
                                   "100",   "6000",   "6000",
                                   "",      "True",   "False"});
+    // Without their corners the sheets would have no place on earth.
+    write(program("ZUMEI.CSV"), {"533846,西沢,NISHIZAWA,,,,,354000.0,1385230.0,354011.6,1385218.3,,"
+                                 "354500.0,1384500.0,354511.6,1384448.3",
+                                 "533847,東沢,HIGASHIZAWA,,,,,354000.0,1390000.0,354011.6,1385948.3,,"
+                                 "354500.0,1385230.0,354511.6,1385218.3"});
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(QColor(200, 220, 180));
     for (const char* name : {"533846", "533847"}) picture.save(QString::fromStdString(program("map/") + name + ".bmp"));
@@ -77,12 +86,13 @@ struct Window_instruments : testing::Test {
     window = std::make_unique<ui::Frm_main>(session, ports);
     window->resize(1366, 720);
     window->start();
-    QTest::qWait(20);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
-  void open_sheet(int row) {
+  void open_sheet(int row, const std::string& name) {
     auto* list = window->findChild<QListView*>("List2");
+    ASSERT_TRUE(comes([&] { return list->model()->rowCount() > row; }));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(row, 1)).center());
-    QTest::qWait(20);
+    ASSERT_TRUE(comes([&] { return session.current_sheet == name; })) << session.current_sheet;
   }
   void switch_gps() {
     window->findChild<QAction*>("gps_switch")->trigger();
@@ -90,6 +100,30 @@ struct Window_instruments : testing::Test {
       if (timer->interval() == instruments::timer2_interval) timer->setInterval(20);
   }
   QString label(const char* name) const { return window->findChild<QLabel*>(name)->text(); }
+  // Chooses a menu entry that opens a dialog, and does something with that.
+  void choose(const char* action, const std::function<void(QWidget*)>& in_dialog) {
+    bool opened = false;
+    QTimer::singleShot(0, window.get(), [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      ASSERT_TRUE(dialog) << action;
+      opened = true;
+      in_dialog(dialog);
+      dialog->close();
+    });
+    window->findChild<QAction*>(action)->trigger();
+    EXPECT_TRUE(opened) << action;
+  }
+  // Pixels of the map in magenta, at a line's edge mixed with the ground.
+  int route_pixels() const {
+    const QImage map = window->findChild<ui::Canvas_view*>("Picture1")->map_image();
+    int count = 0;
+    for (int y = 0; y < map.height(); ++y)
+      for (int x = 0; x < map.width(); ++x) {
+        const QColor colour = map.pixelColor(x, y);
+        count += std::min(colour.red(), colour.blue()) > colour.green() + 60;
+      }
+    return count;
+  }
   void pass(int seconds) { other.clock.time.second += seconds; }
   static bool comes(const std::function<bool()>& reached) { return QTest::qWaitFor(reached, 5000); }
 };
@@ -102,8 +136,7 @@ std::string burst(const std::string& latitude, const std::string& longitude) {
 
 TEST_F(Window_instruments, FollowTheReceiverOverTheSheetsThroughLossAndPulling) {
   open();
-  open_sheet(0);
-  ASSERT_EQ(session.current_sheet, "533846");
+  open_sheet(0, "533846");
   emulator::Pseudo_terminal line(program("ports/com04"));
   ASSERT_TRUE(line.plug_in());
   switch_gps();
@@ -116,6 +149,8 @@ TEST_F(Window_instruments, FollowTheReceiverOverTheSheetsThroughLossAndPulling) 
 
   line.write(burst("3542.0000", "13855.0000"));
   EXPECT_TRUE(comes([&] { return session.current_sheet == "533847"; }));
+  EXPECT_EQ(label("Label16"), QString::fromUtf8("東沢"));
+  EXPECT_EQ(window->findChild<QListView*>("List2")->currentIndex().row(), 1);
 
   const QString folder_shown = label("shown_folder");
   line.write(burst("3542.0000", "13901.0000"));
@@ -127,6 +162,7 @@ TEST_F(Window_instruments, FollowTheReceiverOverTheSheetsThroughLossAndPulling) 
   EXPECT_TRUE(comes([&] { return session.gps.light == Gps_light::lost; }));
   line.unplug();
   EXPECT_TRUE(comes([&] { return session.gps.light == Gps_light::closed; }));
+  EXPECT_EQ(label("Label7"), QString::fromUtf8("GPS:検索中"));
   ASSERT_TRUE(line.plug_in());
   pass(4);
   EXPECT_TRUE(comes([&] { return session.gps.light != Gps_light::closed; }));
@@ -140,10 +176,81 @@ TEST_F(Window_instruments, FollowTheReceiverOverTheSheetsThroughLossAndPulling) 
   EXPECT_FALSE(session.gps.mark.visible);
 }
 
+// Every dialog of the instruments is opened by its own entry of the menu, and closes without a trace.
+TEST_F(Window_instruments, OpenFromTheirMenus) {
+  open();
+  for (const auto& [action, dialog] :
+       {std::pair("menu_dc_read", "Tiltvane_Read2"), std::pair("clinometer_cable", "frmTiltvane"),
+        std::pair("menu_keiro", "frm_keiro"), std::pair("GPS_MNEA", "frm_keiroNMEA"),
+        std::pair("gps_data_out", "GPS_DATA_OUT")})
+    choose(action, [&](QWidget* opened) { EXPECT_EQ(opened->objectName(), dialog); });
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+// A track and a log across the sheet; the choice of the dialog and the box of the tab "View" decide what is drawn.
+TEST_F(Window_instruments, DrawTheChosenRoutesWhileTheirBoxIsTicked) {
+  open();
+  disk.make_folder(project("chisou_men/gps"));
+  // 138°46' to 138°51' east at 35°42' north, in seconds
+  write(project("chisou_men/gps/walk.txt"), {"499560,128520,0,0,0", "499860,128520,0,0,1"});
+  write(project("chisou_men/gps/walk.nme"),
+        {"$GPGGA,1,3543.00000,N,13846.00000,E,1", "$GPGGA,1,3543.00000,N,13851.00000,E,1"});
+  open_sheet(0, "533846");
+  ASSERT_TRUE(session.canvas.is_geographic);
+  EXPECT_EQ(route_pixels(), 0);
+  const auto tick_all = [](QWidget* dialog) {
+    dialog->findChild<QPushButton*>("Command3")->click();
+    dialog->findChild<QPushButton*>("Command1")->click();
+  };
+  choose("menu_keiro", tick_all);
+  const int track = route_pixels();
+  EXPECT_GT(track, 100);
+  choose("GPS_MNEA", tick_all);
+  const int both = route_pixels();
+  EXPECT_GT(both, track + 100);
+
+  auto* box = window->findChild<QCheckBox*>("Check8");
+  box->click();
+  EXPECT_EQ(route_pixels(), 0);
+  box->click();
+  EXPECT_EQ(route_pixels(), both);
+
+  choose("menu_keiro", [](QWidget* dialog) {
+    dialog->findChild<QPushButton*>("none")->click();
+    dialog->findChild<QPushButton*>("Command1")->click();
+  });
+  EXPECT_EQ(disk.length(project("chisou_men/keiro_out.dat")), 0);
+  EXPECT_LT(route_pixels(), both - 100);
+}
+
+// How many of this process's open files are that device.
+int open_ends(const std::string& device) {
+  int count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    count += std::filesystem::read_symlink(entry.path(), gone) == device;
+  }
+  return count;
+}
+
+TEST_F(Window_instruments, CloseTheReceiversPortWhenTheWindowCloses) {
+  if (!std::filesystem::exists("/proc/self/fd")) GTEST_SKIP() << "this system doesn't list a process's open files";
+  open();
+  emulator::Pseudo_terminal line(program("ports/com04"));
+  ASSERT_TRUE(line.plug_in());
+  const int before = open_ends(line.path());
+  switch_gps();
+  EXPECT_EQ(open_ends(line.path()), before + 1);
+  window->findChild<QAction*>("menu_end")->trigger();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(session.flags.gps_running, 0);
+  EXPECT_EQ(open_ends(line.path()), before);
+}
+
 // A download that broke off, read back, saved and registered; then the registering is taken back.
 TEST_F(Window_instruments, KeepWhatCameFromTheClinometerWhenTheRegistryIsTakenBack) {
   open();
-  open_sheet(0);
+  open_sheet(0, "533846");
   const std::string log = emulator::memory_line(1) + "\r\n" + emulator::memory_line(2) + "\r\n00";
   disk.write_whole(program("Tiltvane.tmp"), log);
   QTimer::singleShot(0, [&] {

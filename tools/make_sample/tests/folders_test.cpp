@@ -14,6 +14,7 @@
 #include "make_sample/place.h"
 #include "maps/boundaries.h"
 #include "maps/catalogue.h"
+#include "maps/corner_text.h"
 #include "maps/frame_file.h"
 #include "maps/mosaic.h"
 #include "support/scripted_prompts.h"
@@ -55,7 +56,12 @@ struct Made {
   support::Temporary_folder folder;
   fs::path target = folder.path() / "sample";
   Noting_files files;
-  Made() { sample::make_folders(files, small_sample(target)); }
+  std::vector<std::pair<int, int>> progress;
+  Made() {
+    sample::Making making = small_sample(target);
+    making.progress = [this](int made, int of) { progress.emplace_back(made, of); };
+    sample::make_folders(files, making);
+  }
   std::string program() const { return (target / "program").string(); }
 };
 
@@ -86,6 +92,22 @@ TEST(Make_sample, LeavesAFolderAloneThatItDidNotMake) {
 TEST(Make_sample, WritesTheSettingsLast) {
   ASSERT_FALSE(made().files.written.empty());
   EXPECT_EQ(made().files.written.back(), platform::join_path(made().program(), "settei.ini"));
+}
+
+TEST(Make_sample, TellsHowManyOfItsPicturesAreMade) {
+  // Four whole sheets, nine quarter sheets, one at 1:50,000, two free pictures.
+  ASSERT_EQ(made().progress.size(), 16u);
+  for (int i = 0; i < 16; ++i) EXPECT_EQ(made().progress[static_cast<std::size_t>(i)], std::pair(i + 1, 16));
+}
+
+TEST(Make_sample, MakesTheFilesOfAnyProgramFolderAlone) {
+  support::Temporary_folder folder;
+  platform::Disk_files files;
+  const fs::path target = fs::path(folder.path()) / "general";
+  sample::make_general(files, target.string());
+  const std::map<std::string, std::string> general = contents(target), whole = contents(made().target / "program");
+  ASSERT_EQ(general.size(), 2u);
+  for (const char* name : {"igrf10.coef", "def.dbf"}) EXPECT_EQ(general.at(name), whole.at(name)) << name;
 }
 
 TEST(Make_sample, WritesTheSameBytesEachTime) {
@@ -142,6 +164,43 @@ TEST(Make_sample, NamesItsSheetsAndTheirCorners) {
   EXPECT_EQ(corners.lon_a, "E1384500.0");
   EXPECT_EQ(corners.lat_b, "N354500.0");
   EXPECT_EQ(corners.lon_b, "E1385230.0");
+}
+
+// The datum lies some 11.6 seconds further north and 11.7 further west there.
+TEST(Make_sample, GivesTheCornersOnBothDatums) {
+  maps::Catalogue tokyo, wgs84;
+  std::string language;
+  maps::zumei_read(made().files, tokyo, made().program(), maps::folder_25000, core::tokyo_datum, language);
+  maps::zumei_read(made().files, wgs84, made().program(), maps::folder_25000, core::wgs_84, language);
+  ASSERT_EQ(wgs84.sheet_count, 4);
+  for (int row = 1; row <= 4; ++row) {
+    const maps::Corner_seconds on_tokyo = maps::corner_seconds(maps::catalogue_corners(tokyo.rows[row]));
+    const maps::Corner_seconds on_wgs84 = maps::corner_seconds(maps::catalogue_corners(wgs84.rows[row]));
+    EXPECT_NEAR(on_wgs84.lat_a - on_tokyo.lat_a, 11.6, 0.3) << row;
+    EXPECT_NEAR(on_wgs84.lon_a - on_tokyo.lon_a, -11.7, 0.4) << row;
+    EXPECT_NEAR(on_wgs84.lat_b - on_tokyo.lat_b, 11.6, 0.3) << row;
+    EXPECT_NEAR(on_wgs84.lon_b - on_tokyo.lon_b, -11.7, 0.4) << row;
+  }
+}
+
+TEST(Make_sample, HasASheetOfTheFiftyThousandthsWithItsRowAndFrame) {
+  maps::Catalogue catalogue;
+  std::string language;
+  maps::zumei_read(made().files, catalogue, made().program(), maps::folder_50000, core::tokyo_datum, language);
+  ASSERT_EQ(catalogue.sheet_count, 1);
+  const maps::Sheet_row& row = catalogue.rows[1];
+  EXPECT_EQ(row.code, "NI54319");
+  const std::string folder = platform::join_path(made().program(), "map50000");
+  EXPECT_GT(made().files.length(platform::join_path(folder, "NI54319.bmp")), 0);
+  maps::Corner_texts frame;
+  ASSERT_TRUE(maps::frame_read(made().files, platform::join_path(folder, "NI54319.set"), frame));
+  const maps::Corner_seconds corners = maps::corner_seconds(frame);
+  const auto seconds = [](const maps::Dms& at) { return at.degrees * 3600 + at.minutes * 60 + at.seconds; };
+  EXPECT_DOUBLE_EQ(seconds(row.lat_a), corners.lat_a);
+  EXPECT_DOUBLE_EQ(seconds(row.lon_a), corners.lon_a);
+  EXPECT_DOUBLE_EQ(seconds(row.lat_b), corners.lat_b);
+  EXPECT_DOUBLE_EQ(seconds(row.lon_b), corners.lon_b);
+  EXPECT_DOUBLE_EQ(corners.lat_a, 35 * 3600 + 50 * 60);  // the north edge of 533856
 }
 
 TEST(Make_sample, HasAPictureForEverySlotOfAMosaic) {
