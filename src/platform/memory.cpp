@@ -15,4 +15,10 @@ void give_back_large_blocks() {
 #endif
 }
 
+void give_back_holes() {
+#if defined(__GLIBC__)
+  malloc_trim(0);
+#endif
+}
+
 }  // namespace platform

@@ -7,4 +7,8 @@ namespace platform {
 // nothing where the system does so by itself.
 void give_back_large_blocks();
 
+// What was freed between blocks in use goes back too: the heap of a long day is full of such holes. Takes some
+// milliseconds; called where a sheet has been opened.
+void give_back_holes();
+
 }  // namespace platform

@@ -15,6 +15,7 @@
 #include "core/session/start_up.h"
 #include "core/session/undo.h"
 #include "core/settei.h"
+#include "platform/memory.h"
 #include "ui/canvas_view.h"
 #include "ui/frame10.h"
 #include "ui/frame2.h"
@@ -191,6 +192,7 @@ void Frm_main::open_row(int row) {
     canvas_measured();
     if (redraw != session::Redraw::none) show_all();
   });
+  platform::give_back_holes();
   progress_->setVisible(false);
   QApplication::restoreOverrideCursor();
 }
