@@ -147,9 +147,4 @@ std::string sheet_at(const Dms& latitude, const Dms& longitude, std::size_t stem
   }
 }
 
-bool is_on_sheet(const Dms& latitude, const Dms& longitude, std::string_view stem) {
-  const std::string wanted = sheet_at(latitude, longitude, stem.size());
-  return !wanted.empty() && wanted == std::string(stem) + ".bmp";
-}
-
 }  // namespace maps

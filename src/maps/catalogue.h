@@ -65,7 +65,5 @@ Sheet_name chikeizu_name_get(const Catalogue& catalogue, std::string_view file_n
 // The file name ("53393551.bmp") of the sheet at a position, for a shown sheet whose stem has `stem_length` characters:
 // 6 asks for a whole sheet, 8 for a quarter. Empty for any other length and for a position beyond any code.
 std::string sheet_at(const Dms& latitude, const Dms& longitude, std::size_t stem_length);
-// Whether the position lies on the shown sheet.
-bool is_on_sheet(const Dms& latitude, const Dms& longitude, std::string_view stem);
 
 }  // namespace maps

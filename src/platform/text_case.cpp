@@ -70,8 +70,4 @@ bool same_name(std::string_view a, std::string_view b) {
   return a.size() == b.size() && (a == b || fold_case(a) == fold_case(b));
 }
 
-bool contains_name(std::string_view text, std::string_view part) {
-  return part.size() <= text.size() && fold_case(text).find(fold_case(part)) != std::string::npos;
-}
-
 }  // namespace platform

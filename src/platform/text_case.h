@@ -9,7 +9,6 @@ namespace platform {
 
 std::string fold_case(std::string_view text);  // to lower case
 std::string upper_case(std::string_view text);
-bool same_name(std::string_view a, std::string_view b);            // equal without regard to case
-bool contains_name(std::string_view text, std::string_view part);  // found anywhere without regard to case
+bool same_name(std::string_view a, std::string_view b);  // equal without regard to case
 
 }  // namespace platform

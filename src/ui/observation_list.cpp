@@ -254,10 +254,6 @@ void sort_records(const Observation_list& list, int column, bool descending, std
   std::transform(keys.begin(), keys.end(), records.begin(), [](const Sort_key& key) { return key.record; });
 }
 
-int natural_order(std::string_view a, std::string_view b) {
-  return platform::natural_order(platform::fold_case(a), platform::fold_case(b));
-}
-
 std::string identity_of(const Record& record) {
   if (!record.touroku_no.empty()) return record.touroku_no;
   return platform::number_text(record.X) + "," + platform::number_text(record.Y);

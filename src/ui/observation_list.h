@@ -75,10 +75,6 @@ std::vector<int> filtered(const Observation_list& list, std::string_view words, 
 // equal ones as in the file, empty cells last in either direction.
 void sort_records(const Observation_list& list, int column, bool descending, std::vector<int>& records);
 
-// Below, at or above 0 as `a` stands before, with or behind `b`: runs of digits by their value, all else without regard
-// to case. "081115-2" stands before "081115-10".
-int natural_order(std::string_view a, std::string_view b);
-
 // By what a record is found again after another read: its registration number, or else its position.
 std::string identity_of(const observations::Record& record);
 

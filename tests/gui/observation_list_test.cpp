@@ -143,16 +143,6 @@ TEST_F(Observation_list, LeavesEqualRecordsInTheOrderOfTheFile) {
   EXPECT_THAT(sorted(ui::column_registration, true), ElementsAre(1, 3, 2, 4));
 }
 
-TEST_F(Observation_list, ComparesRunsOfDigitsByTheirValue) {
-  EXPECT_LT(ui::natural_order("081115-2", "081115-10"), 0);
-  EXPECT_GT(ui::natural_order("a10b", "a9c"), 0);
-  EXPECT_EQ(ui::natural_order("N007", "n7"), 0);
-  EXPECT_LT(ui::natural_order("", "0"), 0);
-  EXPECT_LT(ui::natural_order("12", "12a"), 0);
-  EXPECT_LT(ui::natural_order("99999999999999999999998", "99999999999999999999999"), 0);
-  EXPECT_LT(ui::natural_order("a1", "砂"), 0);
-}
-
 TEST_F(Observation_list, MakesTheRowsThatChangedAnew) {
   read(support::five_records, 0.0);
   std::vector<std::string> lines = support::five_records;

@@ -187,11 +187,4 @@ TEST(Sheet_at, HasNoNameForOtherLengthsAndPlaces) {
   EXPECT_EQ(maps::sheet_at({1e30, 0, 0}, longitude, 6), "");
 }
 
-TEST(Sheet_at, TellsWhetherAPositionIsOnTheShownSheet) {
-  EXPECT_TRUE(maps::is_on_sheet(latitude, longitude, "543817"));
-  EXPECT_TRUE(maps::is_on_sheet(latitude, longitude, "54381705"));
-  EXPECT_FALSE(maps::is_on_sheet(latitude, longitude, "54381700"));
-  EXPECT_FALSE(maps::is_on_sheet(latitude, longitude, "free"));
-}
-
 }  // namespace

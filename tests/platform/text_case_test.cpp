@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-using platform::contains_name;
 using platform::fold_case;
 using platform::same_name;
 using platform::upper_case;
@@ -62,16 +61,6 @@ TEST(Text_case, ComparesNames) {
   EXPECT_FALSE(same_name("か", "カ"));
   EXPECT_FALSE(same_name("a", "ab"));
   EXPECT_TRUE(same_name("", ""));
-}
-
-TEST(Text_case, FindsANameInALongerText) {
-  EXPECT_TRUE(contains_name("a.csv,AB.CSV", "b.csv"));
-  EXPECT_TRUE(contains_name("ＴＥＳＴω.csv", "ｔΩ.C"));
-  EXPECT_TRUE(contains_name("abc", ""));
-  EXPECT_TRUE(contains_name("", ""));
-  EXPECT_FALSE(contains_name("", "a"));
-  EXPECT_FALSE(contains_name("abc", "abcd"));
-  EXPECT_FALSE(contains_name("abc", "ｂ"));
 }
 
 }  // namespace
