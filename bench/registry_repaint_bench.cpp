@@ -172,7 +172,7 @@ void plain_loop(benchmark::State& state) {
     painter.setFont(font);
     for (const Item& item : items) draw_plainly(painter, item);
   }
-  state.counters["items"] = static_cast<double>(items.size());
+  state.SetLabel(std::to_string(items.size()) + " items");
 }
 BENCHMARK(plain_loop)->Unit(benchmark::kMillisecond)->Arg(usual_size)->Arg(all_sizes)->UseRealTime();
 

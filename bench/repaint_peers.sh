@@ -7,9 +7,10 @@ set -euo pipefail
 source "$(dirname "$0")/shortest"
 program=${1:-$(dirname "$0")/../build/bench/bench/registry_repaint_bench}
 
-"$program" --benchmark_format=csv --benchmark_repetitions=7 --benchmark_min_time=0.3 \
-  --benchmark_enable_random_interleaving=true > "${rounds:=$(mktemp)}" 2> /dev/null
+rounds=$(mktemp)
 trap 'rm -f "$rounds"' EXIT
+"$program" --benchmark_format=csv --benchmark_repetitions=7 --benchmark_min_time=0.3 \
+  --benchmark_enable_random_interleaving=true > "$rounds" 2> /dev/null
 # least <name>: the shortest round in ms (the rows of a round, not those of the mean, have the bare name).
 least() {
   local took
