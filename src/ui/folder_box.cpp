@@ -1,5 +1,6 @@
 #include "ui/folder_box.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -23,9 +24,10 @@ Folder_box::Folder_box(const QString& name, QWidget* parent)
   start_folder = [](const QString& text) { return text; };
   pick = [this](const QString& start) { return QFileDialog::getExistingDirectory(window(), title_, start); };
   connect(button_, &QPushButton::clicked, this, &Folder_box::browse);
-  // A box also ends its editing when its window goes, and who listens may have gone before it.
+  // A box also ends its editing when its window goes, and who listens may have gone before it: of a dialog that is
+  // being destroyed no more than the toolkit's own part is left.
   connect(edit_, &QLineEdit::editingFinished, this, [this] {
-    if (isVisible()) emit chosen(folder());
+    if (isVisible() && window()->metaObject() != &QDialog::staticMetaObject) emit chosen(folder());
   });
 }
 
